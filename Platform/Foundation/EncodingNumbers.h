@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// The platform numbers of the encodings that NSStringEncoding.h does not name: bit 31 and the Core Foundation
+// number. Only DOS pages 720 and 858 have no such number; they take free ones beside those of their family.
+#pragma once
+
+#include "Platform/Foundation/NSStringEncoding.h"
+
+enum : NSStringEncoding {
+    kEncodingMacJapanese = 0x80000001,
+    kEncodingMacChineseTraditional = 0x80000002,
+    kEncodingMacKorean = 0x80000003,
+    kEncodingMacGreek = 0x80000006,
+    kEncodingMacCyrillic = 0x80000007,
+    kEncodingMacChineseSimplified = 0x80000019,
+    kEncodingMacCentralEurope = 0x8000001D,
+    kEncodingMacTurkish = 0x80000023,
+    kEncodingMacCroatian = 0x80000024,
+    kEncodingMacIcelandic = 0x80000025,
+    kEncodingMacRomanian = 0x80000026,
+
+    kEncodingISOLatin3 = 0x80000203,
+    kEncodingISOLatin4 = 0x80000204,
+    kEncodingISOCyrillic = 0x80000205,
+    kEncodingISOArabic = 0x80000206,
+    kEncodingISOGreek = 0x80000207,
+    kEncodingISOHebrew = 0x80000208,
+    kEncodingISOLatin5 = 0x80000209,
+    kEncodingISOLatin6 = 0x8000020A,
+    kEncodingISOThai = 0x8000020B,
+    kEncodingISOLatin7 = 0x8000020D,
+    kEncodingISOLatin8 = 0x8000020E,
+    kEncodingISOLatin9 = 0x8000020F,
+    kEncodingISOLatin10 = 0x80000210,
+
+    kEncodingDOS437 = 0x80000400,
+    kEncodingDOS737 = 0x80000405,
+    kEncodingDOS775 = 0x80000406,
+    kEncodingDOS850 = 0x80000410,
+    kEncodingDOS852 = 0x80000412,
+    kEncodingDOS855 = 0x80000413,
+    kEncodingDOS857 = 0x80000414,
+    kEncodingDOS860 = 0x80000415,
+    kEncodingDOS861 = 0x80000416,
+    kEncodingDOS862 = 0x80000417,
+    kEncodingDOS863 = 0x80000418,
+    kEncodingDOS864 = 0x80000419,
+    kEncodingDOS865 = 0x8000041A,
+    kEncodingDOS866 = 0x8000041B,
+    kEncodingDOS869 = 0x8000041C,
+    kEncodingDOS874 = 0x8000041D,
+    kEncodingDOS858 = 0x8000041E,
+    kEncodingDOS720 = 0x8000041F,
+    kEncodingDOS932 = 0x80000420,
+    kEncodingDOS936 = 0x80000421,
+    kEncodingDOS949 = 0x80000422,
+    kEncodingDOS950 = 0x80000423,
+
+    kEncodingWindows1255 = 0x80000505,
+    kEncodingWindows1256 = 0x80000506,
+    kEncodingWindows1257 = 0x80000507,
+    kEncodingWindows1258 = 0x80000508,
+    kEncodingJohab = 0x80000510,
+
+    kEncodingGBK = 0x80000631,
+    kEncodingGB18030 = 0x80000632,
+    kEncodingISO2022KR = 0x80000840,
+    kEncodingEUCCN = 0x80000930,
+    kEncodingEUCKR = 0x80000940,
+    kEncodingKOI8R = 0x80000A02,
+    kEncodingBig5 = 0x80000A03,
+    kEncodingHZ = 0x80000A05,
+    kEncodingBig5HKSCS = 0x80000A06,
+    kEncodingKOI8U = 0x80000A08,
+};

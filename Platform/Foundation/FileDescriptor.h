@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// An open file, closed when its owner goes.
+#pragma once
+
+#include <unistd.h>
+#include <utility>
+
+class FileDescriptor {
+public:
+    FileDescriptor() = default;
+    // Takes over a descriptor; a negative one is none.
+    explicit FileDescriptor(int fd) : fd_(fd) {}
+    FileDescriptor(FileDescriptor&& other) noexcept : fd_(std::exchange(other.fd_, -1)) {}
+    FileDescriptor& operator=(FileDescriptor&& other) noexcept {
+        std::swap(fd_, other.fd_);
+        return *this;
+    }
+    ~FileDescriptor() {
+        if (fd_ >= 0) close(fd_);
+    }
+
+    explicit operator bool() const { return fd_ >= 0; }
+    int get() const { return fd_; }
+
+private:
+    int fd_ = -1;
+};

@@ -1,0 +1,188 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "Platform/Foundation/FileDescriptor.h"
+#include "Platform/Foundation/NSData.h"
+#include "Platform/Foundation/NSError.h"
+#include "Platform/Foundation/NSPathUtilities.h"
+
+#include <cerrno>
+#include <climits>
+#include <cstdlib>
+#include <cstring>
+#include <fcntl.h>
+#include <new>
+#include <stdexcept>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+NSError fileError(int64_t cocoaCode, const NSString& path, int systemErrno) {
+    return NSError(NSCocoaErrorDomain, cocoaCode,
+                   {{NSString(NSFilePathErrorKey), path},
+                    {NSString(NSUnderlyingErrorKey), NSError::posix(systemErrno)}});
+}
+
+NSError readError(const NSString& path, int systemErrno) {
+    switch (systemErrno) {
+    case ENOENT: return fileError(NSFileReadNoSuchFileError, path, systemErrno);
+    case EACCES:
+    case EPERM: return fileError(NSFileReadNoPermissionError, path, systemErrno);
+    case ENAMETOOLONG: return fileError(NSFileReadInvalidFileNameError, path, systemErrno);
+    case EFBIG: return fileError(NSFileReadTooLargeError, path, systemErrno);
+    default: return fileError(NSFileReadUnknownError, path, systemErrno);
+    }
+}
+
+NSError writeError(const NSString& path, int systemErrno) {
+    switch (systemErrno) {
+    case ENOENT: return fileError(NSFileNoSuchFileError, path, systemErrno);
+    case EACCES:
+    case EPERM: return fileError(NSFileWriteNoPermissionError, path, systemErrno);
+    case EEXIST: return fileError(NSFileWriteFileExistsError, path, systemErrno);
+    case ENAMETOOLONG: return fileError(NSFileWriteInvalidFileNameError, path, systemErrno);
+    case ENOSPC:
+    case EDQUOT: return fileError(NSFileWriteOutOfSpaceError, path, systemErrno);
+    case EROFS: return fileError(NSFileWriteVolumeReadOnlyError, path, systemErrno);
+    default: return fileError(NSFileWriteUnknownError, path, systemErrno);
+    }
+}
+
+// Reads to the end, wherever the size that the system gave may lie. 0 or the system's error.
+int readAll(int fd, size_t expected, std::string& bytes) {
+    constexpr size_t kMinimumStep = 4096;
+    bytes.resize(expected + 1); // one more, so that the end is seen without another round
+    size_t length = 0;
+    for (;;) {
+        ssize_t count = read(fd, bytes.data() + length, bytes.size() - length);
+        if (count < 0 && errno == EINTR) continue;
+        if (count < 0) return errno;
+        if (count == 0) break;
+        length += size_t(count);
+        if (length == bytes.size()) bytes.resize(length + std::max(length / 2, kMinimumStep));
+    }
+    bytes.resize(length);
+    return 0;
+}
+
+// A file may say that it is larger than any memory.
+int readAllIfMemoryAllows(int fd, size_t expected, std::string& bytes) {
+    try {
+        return readAll(fd, expected, bytes);
+    } catch (const std::bad_alloc&) {
+        return ENOMEM;
+    } catch (const std::length_error&) {
+        return ENOMEM;
+    }
+}
+
+int writeAll(int fd, std::string_view bytes) {
+    while (!bytes.empty()) {
+        ssize_t written = write(fd, bytes.data(), bytes.size());
+        if (written < 0 && errno == EINTR) continue;
+        if (written < 0) return errno;
+        bytes.remove_prefix(size_t(written));
+    }
+    return 0;
+}
+
+// Sets `target` to the file that a path's links lead to, which may not exist yet. 0 or the system's error.
+int followLinks(const std::string& path, std::string& target) {
+    constexpr int kMostLinks = 40; // as many as the kernel follows
+    target = path;
+    char link[PATH_MAX];
+    for (int links = 0; links <= kMostLinks; ++links) {
+        ssize_t length = readlink(target.c_str(), link, sizeof link);
+        if (length <= 0) return 0;
+        std::string next(link, size_t(length));
+        size_t slash = target.rfind('/');
+        if (next[0] != '/' && slash != std::string::npos) next.insert(0, target, 0, slash + 1);
+        target = next;
+    }
+    return ELOOP;
+}
+
+// A temporary file beside its target, gone again unless it was renamed to it.
+class TemporaryFile {
+public:
+    explicit TemporaryFile(const std::string& target) : target_(target) {
+        size_t slash = target.rfind('/');
+        name_ =
+            (slash == std::string::npos ? std::string() : target.substr(0, slash + 1)) + ".texttool-XXXXXX";
+        fd_ = FileDescriptor(mkostemp(name_.data(), O_CLOEXEC));
+        error_ = fd_ ? 0 : errno;
+    }
+    ~TemporaryFile() {
+        if (fd_ && !renamed_) unlink(name_.c_str());
+    }
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
+
+    // 0 or the system's error.
+    int becomeTarget(std::string_view bytes, mode_t mode) {
+        if (error_) return error_;
+        if (int error = writeAll(fd_.get(), bytes)) return error;
+        if (fchmod(fd_.get(), mode) != 0 || rename(name_.c_str(), target_.c_str()) != 0) return errno;
+        renamed_ = true;
+        return 0;
+    }
+
+private:
+    std::string target_, name_;
+    FileDescriptor fd_;
+    int error_ = 0;
+    bool renamed_ = false;
+};
+
+mode_t modeOfNewFile() {
+    mode_t mask = umask(0);
+    umask(mask);
+    return 0666 & ~mask;
+}
+
+int writeDirectly(const std::string& path, std::string_view bytes, bool mayReplace) {
+    int flags = O_WRONLY | O_CREAT | O_CLOEXEC | (mayReplace ? O_TRUNC : O_EXCL);
+    FileDescriptor fd(open(path.c_str(), flags, 0666));
+    return fd ? writeAll(fd.get(), bytes) : errno;
+}
+
+int writeAtomically(const std::string& path, std::string_view bytes) {
+    std::string target;
+    if (int error = followLinks(path, target)) return error;
+    struct stat info {};
+    bool exists = stat(target.c_str(), &info) == 0;
+    if (exists && S_ISDIR(info.st_mode)) return EISDIR;
+    // A pipe or a device is not a file that could be exchanged for another.
+    if (exists && !S_ISREG(info.st_mode)) return writeDirectly(target, bytes, true);
+    return TemporaryFile(target).becomeTarget(bytes, exists ? info.st_mode & 07777 : modeOfNewFile());
+}
+
+} // namespace
+
+NSData NSData::dataWithContentsOfFile(const NSString& path, unsigned options, NSError* error) {
+    // Not blocking: opening a pipe must not wait for somebody to write to it.
+    FileDescriptor fd(open(fileSystemRepresentation(path).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    struct stat info {};
+    if (!fd || fstat(fd.get(), &info) != 0) {
+        fail(error, readError(path, errno));
+        return nullptr;
+    }
+    if (!S_ISREG(info.st_mode)) {
+        fail(error, readError(path, S_ISDIR(info.st_mode) ? EISDIR : EINVAL));
+        return nullptr;
+    }
+    std::string bytes;
+    if (int failure = readAllIfMemoryAllows(fd.get(), size_t(info.st_size), bytes)) {
+        fail(error, readError(path, failure));
+        return nullptr;
+    }
+    if (options & NSDataReadingUncached) posix_fadvise(fd.get(), 0, 0, POSIX_FADV_DONTNEED);
+    return NSData(std::move(bytes));
+}
+
+bool NSData::writeToFile(const NSString& path, unsigned options, NSError* error) const {
+    std::string file = fileSystemRepresentation(path);
+    bool mayReplace = !(options & NSDataWritingWithoutOverwriting);
+    bool atomic = (options & NSDataWritingAtomic) && mayReplace;
+    int failure = atomic ? writeAtomically(file, bytes()) : writeDirectly(file, bytes(), mayReplace);
+    return failure == 0 || fail(error, writeError(path, failure));
+}

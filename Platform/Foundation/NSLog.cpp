@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "Platform/Foundation/NSLog.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <string>
+#include <sys/time.h>
+#include <syslog.h>
+#include <time.h>
+#include <unistd.h>
+
+namespace {
+
+std::string linePrefix() {
+    timeval now{};
+    gettimeofday(&now, nullptr);
+    tm local{};
+    localtime_r(&now.tv_sec, &local);
+    char date[32], zone[16], prefix[160];
+    strftime(date, sizeof date, "%Y-%m-%d %H:%M:%S", &local);
+    strftime(zone, sizeof zone, "%z", &local);
+    int length = snprintf(prefix, sizeof prefix, "%s.%06ld%s %s[%d:%d] ", date, long(now.tv_usec), zone,
+                          program_invocation_short_name, int(getpid()), int(gettid()));
+    return std::string(prefix, length < int(sizeof prefix) ? size_t(length) : sizeof prefix - 1);
+}
+
+void writeAll(int fd, std::string_view bytes) {
+    while (!bytes.empty()) {
+        ssize_t written = write(fd, bytes.data(), bytes.size());
+        if (written < 0 && errno == EINTR) continue;
+        if (written <= 0) return; // nobody is left to be told
+        bytes.remove_prefix(size_t(written));
+    }
+}
+
+} // namespace
+
+void NSLog(const NSString& message) {
+    std::string text = message.utf8();
+    std::string line = linePrefix() + text;
+    if (line.back() != '\n') line.push_back('\n');
+    writeAll(STDERR_FILENO, line);
+    syslog(LOG_USER | LOG_NOTICE, "%s", text.c_str());
+}

@@ -1,0 +1,203 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "Platform/Foundation/NSStringEncoding.h"
+
+#include "Platform/Foundation/CodePageTables.h"
+#include "Platform/Foundation/EncodingNumbers.h"
+#include "Platform/Foundation/MultiByteDecoder.h"
+#include "Platform/Foundation/SevenBitForm.h"
+#include "Platform/Foundation/UnicodeText.h"
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+
+namespace {
+
+struct OneByteEncoding {
+    NSStringEncoding number;
+    const char16_t* upper;
+    const char16_t* lower = nullptr; // null: ASCII
+    bool fillsWithControls = false;  // C1 controls stand for bytes that the encoding leaves undefined
+
+    constexpr bool operator<(NSStringEncoding other) const { return number < other; }
+};
+
+// ASCII is read as ISO Latin 1: the platform accepts every byte of such text.
+constexpr OneByteEncoding kOneByteEncodings[] = {
+    {NSASCIIStringEncoding, kISO8859_1},
+    {NSNEXTSTEPStringEncoding, kNEXTSTEP},
+    {NSISOLatin1StringEncoding, kISO8859_1},
+    {NSSymbolStringEncoding, kSymbol, kSymbolLower},
+    {NSISOLatin2StringEncoding, kISO8859_2},
+    {NSWindowsCP1251StringEncoding, kWindows1251, nullptr, true},
+    {NSWindowsCP1252StringEncoding, kWindows1252, nullptr, true},
+    {NSWindowsCP1253StringEncoding, kWindows1253, nullptr, true},
+    {NSWindowsCP1254StringEncoding, kWindows1254, nullptr, true},
+    {NSWindowsCP1250StringEncoding, kWindows1250, nullptr, true},
+    {NSMacOSRomanStringEncoding, kMacRoman},
+    {kEncodingMacGreek, kMacGreek},
+    {kEncodingMacCyrillic, kMacCyrillic},
+    {kEncodingMacCentralEurope, kMacCentralEurope},
+    {kEncodingMacTurkish, kMacTurkish},
+    {kEncodingMacCroatian, kMacCroatian},
+    {kEncodingMacIcelandic, kMacIcelandic},
+    {kEncodingMacRomanian, kMacRomanian},
+    {kEncodingISOLatin3, kISO8859_3},
+    {kEncodingISOLatin4, kISO8859_4},
+    {kEncodingISOCyrillic, kISO8859_5},
+    {kEncodingISOArabic, kISO8859_6},
+    {kEncodingISOGreek, kISO8859_7},
+    {kEncodingISOHebrew, kISO8859_8},
+    {kEncodingISOLatin5, kISO8859_9},
+    {kEncodingISOLatin6, kISO8859_10},
+    {kEncodingISOThai, kISO8859_11},
+    {kEncodingISOLatin7, kISO8859_13},
+    {kEncodingISOLatin8, kISO8859_14},
+    {kEncodingISOLatin9, kISO8859_15},
+    {kEncodingISOLatin10, kISO8859_16},
+    {kEncodingDOS437, kDOS437},
+    {kEncodingDOS737, kDOS737},
+    {kEncodingDOS775, kDOS775},
+    {kEncodingDOS850, kDOS850},
+    {kEncodingDOS852, kDOS852},
+    {kEncodingDOS855, kDOS855},
+    {kEncodingDOS857, kDOS857},
+    {kEncodingDOS860, kDOS860},
+    {kEncodingDOS861, kDOS861},
+    {kEncodingDOS862, kDOS862},
+    {kEncodingDOS863, kDOS863},
+    {kEncodingDOS864, kDOS864, kDOS864Lower},
+    {kEncodingDOS865, kDOS865},
+    {kEncodingDOS866, kDOS866},
+    {kEncodingDOS869, kDOS869},
+    {kEncodingDOS874, kDOS874},
+    {kEncodingDOS858, kDOS858},
+    {kEncodingDOS720, kDOS720},
+    {kEncodingWindows1255, kWindows1255, nullptr, true},
+    {kEncodingWindows1256, kWindows1256, nullptr, true},
+    {kEncodingWindows1257, kWindows1257, nullptr, true},
+    {kEncodingWindows1258, kWindows1258, nullptr, true},
+    {kEncodingKOI8R, kKOI8R},
+    {kEncodingKOI8U, kKOI8U},
+};
+
+static_assert(std::is_sorted(std::begin(kOneByteEncodings), std::end(kOneByteEncodings),
+                             [](const auto& a, const auto& b) { return a.number < b.number; }));
+
+constexpr OneByteEncoding kFallback = {NSWindowsCP1252StringEncoding, kWindows1252, nullptr, true};
+
+// Null when `encoding` has more than one byte a character or is unknown.
+const OneByteEncoding* oneByteEncoding(NSStringEncoding encoding) {
+    const auto* row = std::lower_bound(std::begin(kOneByteEncodings), std::end(kOneByteEncodings), encoding);
+    return row != std::end(kOneByteEncodings) && row->number == encoding ? row : nullptr;
+}
+
+constexpr size_t kChunk = 1024;
+
+// Appends what `convert(units, bytes)` makes of pieces of at most kChunk units, each from `width` bytes.
+// Gathered on the stack, the string is not filled with zeros first.
+template <typename Convert>
+void appendInChunks(std::u16string& out, std::string_view bytes, size_t width, Convert convert) {
+    std::array<char16_t, kChunk> units;
+    out.reserve(out.size() + bytes.size() / width);
+    while (!bytes.empty()) {
+        const std::string_view piece = bytes.substr(0, kChunk * width);
+        convert(units.data(), piece);
+        out.append(units.data(), piece.size() / width);
+        bytes.remove_prefix(piece.size());
+    }
+}
+
+unsigned char byteAt(std::string_view bytes, size_t i) { return static_cast<unsigned char>(bytes[i]); }
+
+bool appendOneByte(std::u16string& out, std::string_view bytes, const OneByteEncoding& encoding) {
+    bool undefined = false;
+    appendInChunks(out, bytes, 1, [&](char16_t* units, std::string_view piece) {
+        for (size_t i = 0; i < piece.size(); ++i) {
+            const unsigned char byte = byteAt(piece, i);
+            char16_t unit = byte;
+            if (byte >= 0x80) {
+                unit = encoding.upper[byte - 0x80];
+                undefined |= unit == kReplacementCharacter ||
+                             (unit == byte && byte < 0xA0 && encoding.fillsWithControls);
+            } else if (encoding.lower) {
+                unit = encoding.lower[byte];
+                undefined |= unit == kReplacementCharacter;
+            }
+            units[i] = unit;
+        }
+    });
+    return !undefined;
+}
+
+enum class ByteOrder { big, little };
+
+bool appendUTF16(std::u16string& out, std::string_view bytes, ByteOrder order) {
+    const size_t whole = bytes.size() & ~size_t(1);
+    const unsigned high = order == ByteOrder::big ? 0 : 1;
+    appendInChunks(out, bytes.substr(0, whole), 2, [high](char16_t* units, std::string_view piece) {
+        for (size_t i = 0; i < piece.size(); i += 2) {
+            units[i / 2] = char16_t(byteAt(piece, i + high) << 8 | byteAt(piece, i + 1 - high));
+        }
+    });
+    return whole == bytes.size();
+}
+
+bool appendUTF32(std::u16string& out, std::string_view bytes, ByteOrder order) {
+    const size_t whole = bytes.size() & ~size_t(3);
+    bool valid = whole == bytes.size();
+    out.reserve(out.size() + whole / 4);
+    for (size_t i = 0; i < whole; i += 4) {
+        char32_t codePoint = 0;
+        for (size_t k = 0; k < 4; ++k) {
+            codePoint = codePoint << 8 | byteAt(bytes, order == ByteOrder::big ? i + k : i + 3 - k);
+        }
+        if (codePoint > 0x10FFFF || isSurrogate(codePoint)) {
+            codePoint = kReplacementCharacter;
+            valid = false;
+        }
+        appendCodePoint(out, codePoint);
+    }
+    return valid;
+}
+
+// Drops the byte order mark that `bytes` begin with, if there is one, and tells the order.
+ByteOrder takeByteOrder(std::string_view& bytes, std::string_view bigMark, std::string_view littleMark) {
+    const bool little = bytes.starts_with(littleMark);
+    if (little || bytes.starts_with(bigMark)) bytes.remove_prefix(bigMark.size());
+    return little ? ByteOrder::little : ByteOrder::big;
+}
+
+} // namespace
+
+bool appendDecoded(std::u16string& out, std::string_view bytes, NSStringEncoding encoding) {
+    using namespace std::string_view_literals;
+    switch (encoding) {
+    case NSUTF8StringEncoding: return appendUTF8(out, bytes);
+    case NSUnicodeStringEncoding: {
+        const ByteOrder order = takeByteOrder(bytes, "\xFE\xFF"sv, "\xFF\xFE"sv);
+        return appendUTF16(out, bytes, order);
+    }
+    case NSUTF16BigEndianStringEncoding: return appendUTF16(out, bytes, ByteOrder::big);
+    case NSUTF16LittleEndianStringEncoding: return appendUTF16(out, bytes, ByteOrder::little);
+    case NSUTF32StringEncoding: {
+        const ByteOrder order = takeByteOrder(bytes, "\0\0\xFE\xFF"sv, "\xFF\xFE\0\0"sv);
+        return appendUTF32(out, bytes, order);
+    }
+    case NSUTF32BigEndianStringEncoding: return appendUTF32(out, bytes, ByteOrder::big);
+    case NSUTF32LittleEndianStringEncoding: return appendUTF32(out, bytes, ByteOrder::little);
+    default: break;
+    }
+    if (const OneByteEncoding* oneByte = oneByteEncoding(encoding))
+        return appendOneByte(out, bytes, *oneByte);
+    if (isMultiByteEncoding(encoding)) return appendMultiByte(out, bytes, encoding);
+    if (const NSStringEncoding eightBit = eightBitEncoding(encoding); eightBit != NSNoStringEncoding) {
+        return appendMultiByte(out, eightBitForm(bytes, encoding), eightBit);
+    }
+    return appendOneByte(out, bytes, kFallback);
+}
+
+const char16_t* upperHalf(NSStringEncoding encoding) {
+    const OneByteEncoding* oneByte = oneByteEncoding(encoding);
+    return oneByte && !oneByte->lower ? oneByte->upper : nullptr;
+}

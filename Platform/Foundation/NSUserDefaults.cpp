@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "Platform/Foundation/NSUserDefaults.h"
+
+#include "Platform/Foundation/NSNumber.h"
+#include "Platform/Foundation/NSProcessInfo.h"
+#include "Platform/Foundation/NSPropertyListSerialization.h"
+#include "Platform/Foundation/Preferences.h"
+#include "Platform/Foundation/UnicodeText.h"
+
+#include <algorithm>
+
+namespace {
+
+using View = std::u16string_view;
+
+bool isBlank(char16_t c) { return c == u' ' || (c >= 9 && c <= 13); }
+bool isDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
+
+View trimmed(View text) {
+    while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
+    while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
+    return text;
+}
+
+NSObject argumentValue(const NSString& word) {
+    View text = trimmed(word.text());
+    if (text.empty() || View(u"{[(<\"").find(text[0]) == View::npos) return word;
+    NSObject list = propertyListWithData(toUTF8(text, LoneSurrogates::threeBytes), nullptr, nullptr);
+    return list ? list : NSObject(word);
+}
+
+bool startsWithDash(const NSString& word) { return !word.isEmpty() && word.text()[0] == u'-'; }
+
+std::u16string lowered(View text) {
+    std::u16string out(text);
+    for (char16_t& c : out) {
+        if (c >= u'A' && c <= u'Z') c = char16_t(c + 32);
+    }
+    return out;
+}
+
+bool isWholeNumber(View text) {
+    if (!text.empty() && (text[0] == u'-' || text[0] == u'+')) text.remove_prefix(1);
+    return !text.empty() && std::all_of(text.begin(), text.end(), isDigit);
+}
+
+} // namespace
+
+NSUserDefaults& NSUserDefaults::standardUserDefaults() {
+    static NSUserDefaults defaults(NSProcessInfo::processInfo().arguments(),
+                                   NSProcessInfo::processInfo().processName());
+    return defaults;
+}
+
+NSUserDefaults::NSUserDefaults(const std::vector<NSString>& arguments, const NSString& domain)
+    : arguments_(argumentDomain(arguments)), domain_(domain) {}
+
+NSDictionary NSUserDefaults::argumentDomain(const std::vector<NSString>& arguments) {
+    NSMutableDictionary found;
+    for (size_t i = 1; i + 1 < arguments.size();) {
+        const NSString &word = arguments[i], &next = arguments[i + 1];
+        if (!startsWithDash(word) || startsWithDash(next)) {
+            ++i;
+            continue;
+        }
+        if (word.length() > 1) found.setObject(argumentValue(next), NSString(View(word.text()).substr(1)));
+        i += 2;
+    }
+    return std::move(found).copy();
+}
+
+void NSUserDefaults::registerDefaults(const NSDictionary& defaults) {
+    NSMutableDictionary all(registered_);
+    all.addEntriesFromDictionary(defaults);
+    registered_ = std::move(all).copy();
+}
+
+NSObject NSUserDefaults::objectForKey(const NSString& key) const {
+    if (NSObject value = arguments_.objectForKey(key)) return value;
+    if (NSObject value = CFPreferencesCopyAppValue(key, domain_)) return value;
+    return registered_.objectForKey(key);
+}
+
+NSString NSUserDefaults::stringForKey(const NSString& key) const {
+    NSObject value = objectForKey(key);
+    return is<NSNumber>(value) ? value.description() : as<NSString>(value);
+}
+
+bool NSUserDefaults::boolForKey(const NSString& key) const {
+    NSObject value = objectForKey(key);
+    if (is<NSNumber>(value)) return as<NSNumber>(value).boolValue();
+    std::u16string word = lowered(as<NSString>(value).text());
+    return word == u"yes" || word == u"true" || word == u"1";
+}
+
+int64_t NSUserDefaults::integerForKey(const NSString& key) const {
+    NSObject value = objectForKey(key);
+    if (is<NSNumber>(value)) return as<NSNumber>(value).integerValue();
+    NSString text = as<NSString>(value);
+    return isWholeNumber(text.text()) ? text.integerValue() : 0;
+}
+
+double NSUserDefaults::doubleForKey(const NSString& key) const {
+    NSObject value = objectForKey(key);
+    return is<NSNumber>(value) ? as<NSNumber>(value).doubleValue() : as<NSString>(value).doubleValue();
+}
