@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "Platform/AppKit/RTF/RTFDecoder.h"
+
+#include "Platform/AppKit/RTF/RTFFonts.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <cstring>
+
+namespace {
+
+constexpr size_t kWord = sizeof(uint64_t);
+
+bool isASCII(std::string_view bytes) {
+    uint64_t seen = 0;
+    for (; bytes.size() >= kWord; bytes.remove_prefix(kWord)) {
+        uint64_t word;
+        std::memcpy(&word, bytes.data(), kWord);
+        seen |= word;
+    }
+    for (char c : bytes) seen |= static_cast<unsigned char>(c);
+    return (seen & 0x8080808080808080u) == 0;
+}
+
+// Appends a unit for each byte, by way of the stack, so that the string is never filled before it is written.
+template <typename UnitOfByte>
+void appendEach(std::u16string& out, std::string_view bytes, UnitOfByte unitOfByte) {
+    std::array<char16_t, 512> units;
+    while (!bytes.empty()) {
+        size_t count = std::min(bytes.size(), units.size());
+        for (size_t i = 0; i < count; ++i) units[i] = unitOfByte(static_cast<unsigned char>(bytes[i]));
+        out.append(units.data(), count);
+        bytes.remove_prefix(count);
+    }
+}
+
+// The private-use character that stands for a glyph of a pictorial font. Blanks are blank in these fonts,
+// too.
+char16_t pictorialUnit(unsigned char byte) { return char16_t(byte <= 0x20 ? byte : 0xF000 + byte); }
+
+} // namespace
+
+void RTFDecoder::setEncoding(NSStringEncoding encoding) {
+    encoding_ = encoding;
+    upperHalf_ = upperHalf(encoding);
+}
+
+void RTFDecoder::append(std::u16string& out, std::string_view bytes) {
+    if (encoding_ == kRTFPictorialEncoding) {
+        appendEach(out, bytes, pictorialUnit);
+    } else if (encoding_ != NSSymbolStringEncoding && !holdsBytes() && isASCII(bytes)) {
+        appendEach(out, bytes, [](unsigned char byte) { return char16_t(byte); });
+    } else if (upperHalf_ != nullptr) {
+        const char16_t* upper = upperHalf_;
+        appendEach(out, bytes,
+                   [upper](unsigned char byte) { return byte < 0x80 ? char16_t(byte) : upper[byte - 0x80]; });
+    } else {
+        held_ += bytes;
+    }
+}
+
+void RTFDecoder::flush(std::u16string& out) {
+    if (held_.empty()) return;
+    appendDecoded(out, held_, encoding_);
+    held_.clear();
+}

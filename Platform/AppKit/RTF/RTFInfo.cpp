@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "Platform/AppKit/RTF/RTFInfo.h"
+
+#include <algorithm>
+#include <ctime>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace {
+
+constexpr double kTwipsPerPoint = 20;
+constexpr DocumentSize kDefaultPaper{612, 792};
+constexpr double kDefaultSideMargin = 90, kDefaultEndMargin = 72;
+constexpr double kDefaultTabInterval = 36;
+constexpr double kDefaultCocoaVersion = 80;
+constexpr int32_t kPageLayoutView = 1;
+
+// Of 2001-01-01 00:00:00 UTC, in seconds since 1970.
+constexpr double kReferenceTime = 978307200;
+
+std::u16string_view trimmed(std::u16string_view text) {
+    constexpr std::u16string_view kBlanks = u" \t\r\n\u00A0";
+    size_t first = text.find_first_not_of(kBlanks);
+    if (first == text.npos) return {};
+    return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+}
+
+std::vector<std::u16string> splitKeywords(std::u16string_view text) {
+    std::vector<std::u16string> keywords;
+    while (!text.empty() && keywords.size() < RTFInfo::kKeywordLimit) {
+        size_t comma = std::min(text.find(u','), text.size());
+        std::u16string_view keyword = trimmed(text.substr(0, comma));
+        if (!keyword.empty()) keywords.emplace_back(keyword);
+        text.remove_prefix(std::min(comma + 1, text.size()));
+    }
+    return keywords;
+}
+
+bool isWithin(int32_t value, int32_t low, int32_t high) { return value >= low && value <= high; }
+
+std::optional<DocumentTime> localTime(const RTFTimeFields& fields) {
+    if (!isWithin(fields[kRTFYear], 1, 9999) || !isWithin(fields[kRTFMonth], 1, 12) ||
+        !isWithin(fields[kRTFDay], 1, 31) || !isWithin(fields[kRTFHour], 0, 23) ||
+        !isWithin(fields[kRTFMinute], 0, 59) || !isWithin(fields[kRTFSecond], 0, 59))
+        return std::nullopt;
+    std::tm time{};
+    time.tm_year = fields[kRTFYear] - 1900;
+    time.tm_mon = fields[kRTFMonth] - 1;
+    time.tm_mday = fields[kRTFDay];
+    time.tm_hour = fields[kRTFHour];
+    time.tm_min = fields[kRTFMinute];
+    time.tm_sec = fields[kRTFSecond];
+    time.tm_isdst = -1;
+    std::time_t seconds = std::mktime(&time);
+    // A day that its month lacks has become one of the next month.
+    if (time.tm_mday != fields[kRTFDay]) return std::nullopt;
+    return double(seconds) - kReferenceTime;
+}
+
+} // namespace
+
+void RTFInfo::setNumber(RTFNumber number, std::optional<int32_t> value) {
+    bool isSwitch = number == kRTFHyphenation || number == kRTFReadOnly;
+    bool isPaper = number == kRTFPaperWidth || number == kRTFPaperHeight;
+    if (!value && isSwitch) value = 1;
+    if (value && !(isPaper && *value <= 0)) numbers_[number] = value;
+}
+
+void RTFInfo::setString(RTFInfoString string, std::u16string text) {
+    switch (string) {
+    case kRTFTitle: info_.title = std::move(text); break;
+    case kRTFAuthor: info_.author = std::move(text); break;
+    case kRTFSubject: info_.subject = std::move(text); break;
+    case kRTFComment: makersComment_ = std::move(text); break;
+    case kRTFDocumentComment: info_.comment = std::move(text); break;
+    case kRTFKeywords: info_.keywords = splitKeywords(text); break;
+    case kRTFCompany: info_.company = std::move(text); break;
+    case kRTFManager: info_.manager = std::move(text); break;
+    case kRTFCategory: info_.category = std::move(text); break;
+    case kRTFCopyright: info_.copyright = std::move(text); break;
+    case kRTFOperator: info_.editor = std::move(text); break;
+    }
+}
+
+double RTFInfo::points(RTFNumber number, double otherwise) const {
+    return numbers_[number] ? *numbers_[number] / kTwipsPerPoint : otherwise;
+}
+
+void RTFInfo::finishView() {
+    if (numbers_[kRTFViewWidth] && numbers_[kRTFViewHeight])
+        info_.viewSize = DocumentSize{points(kRTFViewWidth, 0), points(kRTFViewHeight, 0)};
+    if (numbers_[kRTFViewScale]) info_.viewZoom = *numbers_[kRTFViewScale];
+    if (numbers_[kRTFViewKind]) info_.viewMode = *numbers_[kRTFViewKind] == kPageLayoutView ? 1 : 0;
+    if (numbers_[kRTFReadOnly]) info_.readOnly = *numbers_[kRTFReadOnly] != 0 ? 1 : 0;
+}
+
+DocumentInfo RTFInfo::finish() && {
+    bool fromCocoa = numbers_[kRTFCocoaVersion].has_value();
+    info_.cocoaVersion = fromCocoa ? *numbers_[kRTFCocoaVersion] : kDefaultCocoaVersion;
+    info_.paperSize = {points(kRTFPaperWidth, kDefaultPaper.width),
+                       points(kRTFPaperHeight, kDefaultPaper.height)};
+    info_.leftMargin = points(kRTFLeftMargin, kDefaultSideMargin);
+    info_.rightMargin = points(kRTFRightMargin, kDefaultSideMargin);
+    info_.topMargin = points(kRTFTopMargin, kDefaultEndMargin);
+    info_.bottomMargin = points(kRTFBottomMargin, kDefaultEndMargin);
+    info_.defaultTabInterval = points(kRTFDefaultTab, fromCocoa ? 0 : kDefaultTabInterval);
+
+    bool hyphenates = numbers_[kRTFHyphenation].value_or(0) != 0;
+    double percent = numbers_[kRTFHyphenationFactor].value_or(100);
+    info_.hyphenationFactor = hyphenates ? std::clamp(percent / 100, 0.0, 1.0) : 0;
+
+    info_.creationTime = localTime(creationTime_);
+    info_.modificationTime = localTime(modificationTime_);
+
+    finishView();
+    if (info_.comment.empty()) info_.comment = std::move(makersComment_);
+    return std::move(info_);
+}
