@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// Fonts whose characters are signs of their own, not those that the codes mean elsewhere. Documents hold such
+// a sign as its code in the font, often moved to U+F000 to U+F0FF.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+namespace Word {
+
+enum class SymbolFont { none, symbol, wingdings, other };
+
+SymbolFont symbolFontNamed(std::u16string_view name);
+
+// The character for a code of a symbol font; U+F000 plus the code when no character is known for it.
+char16_t characterOf(SymbolFont font, uint8_t code);
+
+// True for the private-use characters in which codes of symbol fonts stand in a text.
+constexpr bool isSymbolCode(char16_t unit) { return (unit & 0xFF00) == 0xF000; }
+
+} // namespace Word
