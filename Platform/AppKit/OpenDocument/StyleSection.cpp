@@ -1,0 +1,120 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "Platform/AppKit/OpenDocument/StyleSection.h"
+
+#include "Platform/AppKit/OpenDocument/Values.h"
+#include "Platform/Foundation/UnicodeText.h"
+
+namespace OpenDocument {
+
+namespace {
+
+// The number format of the attribute; all numerals that are not Latin letters are shown as digits.
+char16_t numberFormat(std::string_view format) {
+    if (format.empty()) return 0;
+    constexpr std::string_view kKnown = "aAiI";
+    return kKnown.find(format.front()) != std::string_view::npos ? char16_t(format.front()) : u'1';
+}
+
+void readListLevel(Element element, const XMLAttributes& attributes, ListStyle& style) {
+    int number = integerValue(attributes.value(kText, "level")).value_or(0);
+    if (number < 1 || number > ListStyle::kLevels) return;
+    ListLevel& level = style.levels[size_t(number) - 1];
+    level.prefix = fromUTF8(attributes.value(kStyle, "num-prefix"));
+    level.suffix = fromUTF8(attributes.value(kStyle, "num-suffix"));
+    level.bullet.clear();
+    if (element == Element::bulletLevel) {
+        level.kind = ListLevel::Kind::bullet;
+        level.bullet = fromUTF8(attributes.value(kText, "bullet-char"));
+    } else {
+        level.kind = ListLevel::Kind::number;
+        level.format = numberFormat(attributes.value(kStyle, "num-format"));
+        level.lettersRepeat = attributes.value(kStyle, "num-letter-sync") == "true";
+        level.displayLevels = integerValue(attributes.value(kText, "display-levels")).value_or(1);
+        level.start = integerValue(attributes.value(kText, "start-value")).value_or(1);
+    }
+}
+
+std::optional<bool> breaksPage(std::string_view value) {
+    if (value.data() == nullptr) return std::nullopt;
+    return value == "page" || value == "even-page" || value == "odd-page";
+}
+
+void readTextProperties(const XMLAttributes& attributes, Style& style) {
+    std::string_view display = attributes.value(kText, "display");
+    if (display == "none" || (display == "condition" && attributes.value(kText, "condition") == "none")) {
+        style.hidden = true;
+    } else if (display == "true") {
+        style.hidden = false;
+    }
+    if (auto breaks = breaksPage(attributes.value(kFormat, "break-before"))) style.breaksBefore = breaks;
+    if (auto breaks = breaksPage(attributes.value(kFormat, "break-after"))) style.breaksAfter = breaks;
+}
+
+void readPageProperties(const XMLAttributes& attributes, PageLayout& page) {
+    auto length = [&](std::string_view name) { return lengthValue(attributes.value(kFormat, name)); };
+    page.width = length("page-width");
+    page.height = length("page-height");
+    page.left = page.right = page.top = page.bottom = length("margin");
+    if (auto margin = length("margin-left")) page.left = margin;
+    if (auto margin = length("margin-right")) page.right = margin;
+    if (auto margin = length("margin-top")) page.top = margin;
+    if (auto margin = length("margin-bottom")) page.bottom = margin;
+}
+
+} // namespace
+
+bool StyleSection::start(Element element, const XMLAttributes& attributes) {
+    switch (element) {
+    case Element::style: return startStyle(attributes);
+    case Element::properties: readProperties(attributes); return false;
+    case Element::listStyle: listStyle_ = book_.addListStyle(attributes.value(kStyle, "name")); return true;
+    case Element::outlineStyle: listStyle_ = &book_.outlineStyle(); return true;
+    case Element::numberLevel:
+    case Element::bulletLevel:
+    case Element::imageLevel:
+    case Element::outlineLevel:
+        if (listStyle_ != nullptr) readListLevel(element, attributes, *listStyle_);
+        return false;
+    case Element::pageLayout:
+        pageLayout_ = book_.addPageLayout(attributes.value(kStyle, "name"));
+        return true;
+    case Element::masterPage: {
+        std::string_view layout = attributes.value(kStyle, "page-layout-name");
+        if (layout.empty()) layout = attributes.value(kStyle, "page-master-name");
+        book_.addMasterPage(attributes.value(kStyle, "name"), layout);
+        return false;
+    }
+    default: return false;
+    }
+}
+
+bool StyleSection::startStyle(const XMLAttributes& attributes) {
+    std::string_view family = attributes.value(kStyle, "family");
+    bool isParagraph = family == "paragraph";
+    if (!isParagraph && family != "text") return false;
+    style_ = book_.add(isParagraph ? StyleBook::Family::paragraph : StyleBook::Family::text,
+                       attributes.value(kStyle, "name"));
+    if (style_ == nullptr) return false;
+    style_->parent = attributes.value(kStyle, "parent-style-name");
+    if (!isParagraph) return true;
+    style_->masterPage = attributes.value(kStyle, "master-page-name");
+    std::string_view listStyle = attributes.value(kStyle, "list-style-name");
+    if (listStyle.data() != nullptr) style_->listStyle = listStyle;
+    return true;
+}
+
+void StyleSection::readProperties(const XMLAttributes& attributes) {
+    if (pageLayout_ != nullptr) {
+        readPageProperties(attributes, *pageLayout_);
+    } else if (style_ != nullptr) {
+        readTextProperties(attributes, *style_);
+    }
+}
+
+void StyleSection::end(Element element) {
+    if (element == Element::style) style_ = nullptr;
+    if (element == Element::listStyle || element == Element::outlineStyle) listStyle_ = nullptr;
+    if (element == Element::pageLayout) pageLayout_ = nullptr;
+}
+
+} // namespace OpenDocument

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// The values of attributes and of information elements.
+#pragma once
+
+#include "Platform/AppKit/DocumentReader.h"
+
+#include <optional>
+#include <string_view>
+
+namespace OpenDocument {
+
+// A whole number of at most nine digits; larger ones are held at that.
+std::optional<int> integerValue(std::string_view text);
+
+// A length with its unit ("21.001cm", "8.5in") in points. Relative lengths have none.
+std::optional<double> lengthValue(std::string_view text);
+
+// A date or a date and time of ISO 8601. One that names no time zone is local time, as writers mean it.
+std::optional<DocumentTime> timeValue(std::string_view text);
+
+// Without white space of XML at either end.
+std::string_view trimmed(std::string_view text);
+
+} // namespace OpenDocument
