@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "Source/Tools/texttool/Report.h"
+
+#include "Platform/Foundation/NSArchiver.h"
+#include "Platform/Foundation/NSDate.h"
+#include "Platform/Foundation/NSFileHandle.h"
+#include "Platform/Foundation/NSLog.h"
+#include "Platform/Foundation/NSNull.h"
+#include "Platform/Foundation/NSNumber.h"
+#include "Platform/Foundation/NSProcessInfo.h"
+#include "Platform/Foundation/NSPropertyListSerialization.h"
+#include "Platform/Foundation/StringFormat.h"
+#include "ZORFoundation/Source/NSError+ZOR.h"
+#include "ZORFoundation/Source/NSString+ZORFilesBasics.h"
+#include "ZORFoundation/Source/NSString+ZORTextMunging.h"
+
+namespace {
+
+NSObject orEmpty(const NSObject& object) { return object ? object : NSObject(NSString(u"")); }
+
+// A title or an author as it may go out.
+NSObject withoutNulls(const NSObject& text) {
+    NSString string = as<NSString>(text);
+    return string ? NSObject(zorStringByTrimmingNulls(string)) : NSObject();
+}
+
+NSDictionary withKeywords(const NSDictionary& attributes, const NSString& path) {
+    if (!attributes) return nullptr;
+    NSMutableDictionary all(attributes);
+    all.setObject(zorSpotlightKeywords(path), NSString(u"SpotlightKeywords"));
+    return std::move(all).copy();
+}
+
+} // namespace
+
+void reportSuccess(const NSString& path, const NSString& text, const NSObject& title, const NSObject& author,
+                   int32_t partsCount, const NSObject& url, const NSDictionary& otherAttributes) {
+    doOutput(NSDictionary{
+        {NSString(u"string"), orEmpty(text)},
+        {NSString(u"title"), orEmpty(withoutNulls(title))},
+        {NSString(u"author"), orEmpty(withoutNulls(author))},
+        {NSString(u"partsCount"), NSNumber::withInt(partsCount)},
+        {NSString(u"url"), orEmpty(url)},
+        {NSString(u"otherAttributes"), plistifyDictionary(withKeywords(otherAttributes, path))},
+    });
+}
+
+void reportError(const NSError& error) {
+    NSData archive = NSArchiver::archivedDataWithRootObject(error);
+    doOutput(NSDictionary{
+        {NSString(u"errorData"), archive ? archive : NSData(std::string())},
+        {NSString(u"errorString"), orEmpty(error.localizedDescription())},
+    });
+}
+
+void reportMissingFile(const NSString& path) {
+    reportError(NSError(NSCocoaErrorDomain, NSFileNoSuchFileError, {{NSString(NSFilePathErrorKey), path}}));
+}
+
+NSDictionary plistifyDictionary(const NSDictionary& dictionary) {
+    NSMutableDictionary fit(dictionary);
+    for (const auto& [key, value] : dictionary) {
+        if (is<NSString>(value) || is<NSData>(value) || is<NSDate>(value) || is<NSNumber>(value)) continue;
+        fit.setObject(orEmpty(value.description()), key);
+    }
+    return std::move(fit).copy();
+}
+
+void doOutput(const NSObject& propertyList) {
+    NSString errorDescription;
+    NSData data = ::dataFromPropertyList(propertyList, NSPropertyListBinaryFormat_v1_0, &errorDescription);
+    if (data) {
+        finishWithData(data);
+    } else {
+        doOutput(NSDictionary{{NSString(u"error"), errorDescription}});
+    }
+}
+
+void finishWithData(const NSData& data) {
+    NSString path = NSProcessInfo::processInfo().environmentValue("OutPath");
+    if (!path) {
+        NSFileHandle& output = NSFileHandle::fileHandleWithStandardOutput();
+        output.writeData(data);
+        output.closeFile();
+        return;
+    }
+    NSError error;
+    if (!data.writeToFile(path, NSDataWritingAtomic, &error)) {
+        NSLog(stringWithFormat("Error writing output to %@: %@", path, zorFullDescription(error)));
+    }
+}
+
+NSData archiveError(const NSError& error) {
+    NSMutableDictionary kept;
+    for (const char16_t* key :
+         {NSURLErrorFailingURLStringErrorKey, NSLocalizedDescriptionKey, NSFilePathErrorKey, NSURLErrorKey,
+          NSLocalizedFailureReasonErrorKey, NSLocalizedRecoverySuggestionErrorKey}) {
+        if (NSObject value = error.userInfo().objectForKey(NSString(key)))
+            kept.setObject(value, NSString(key));
+    }
+    return NSArchiver::archivedDataWithRootObject(
+        NSError(error.domain(), error.code(), std::move(kept).copy()));
+}
+
+NSData dataFromPropertyList(const NSObject& propertyList) {
+    return ::dataFromPropertyList(propertyList, NSPropertyListXMLFormat_v1_0, nullptr);
+}

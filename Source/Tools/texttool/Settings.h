@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// Who the host is.
+#pragma once
+
+#ifndef TEXTTOOL_HOST_DOMAIN
+#define TEXTTOOL_HOST_DOMAIN "org.larkspur.Larkspur"
+#endif
+
+// The host application's identifier: the preferences domain of its settings.
+inline constexpr const char16_t* kHostDomain = u"" TEXTTOOL_HOST_DOMAIN;
+
+// This tool's own identifier.
+inline constexpr const char16_t* kToolDomain = u"" TEXTTOOL_HOST_DOMAIN ".texttool";
