@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// Readers that cannot be loaded: each is an error of its own kind of document and of no other.
+#include "Tests/EndToEnd/EndToEnd.h"
+
+#include "Platform/Foundation/NSPathUtilities.h"
+
+#include <filesystem>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// A copy of the program without its modules.
+class Module : public EndToEnd {
+protected:
+    void SetUp() override {
+        fs::create_directories(path("bin"));
+        fs::create_directories(path("lib/texttool"));
+        fs::copy_file(TEXTTOOL_PROGRAM, path("bin/texttool"));
+    }
+
+    ToolResult requestToCopy(const std::string& key, const std::string& file) const {
+        ToolResult result = runTool({.arguments = {"-" + key, file}, .program = path("bin/texttool")});
+        EXPECT_EQ(result.status, 0);
+        return result;
+    }
+
+    void expectModuleError(const std::string& key, const std::string& file, const std::string& module) const {
+        NSError error = errorOf(requestToCopy(key, file).output);
+        EXPECT_EQ(error.domain().utf8(), "NSCocoaErrorDomain") << key;
+        EXPECT_EQ(error.code(), NSExecutableLoadError);
+        EXPECT_EQ(error.userInfo().get<NSString>(NSString(NSFilePathErrorKey)),
+                  stringWithFileSystemRepresentation(file));
+        std::string description = error.localizedDescription().utf8();
+        EXPECT_EQ(description.find("The module “" + module + "” can’t be loaded: "), 0u) << description;
+    }
+};
+
+constexpr std::pair<const char*, const char*> kModules[] = {
+    {"HTMLPath", "HTML"}, {"WordXPath", "OpenPackage"}, {"ODTPath", "OpenPackage"}};
+
+TEST_F(Module, ThatIsMissingIsError3587WithThePath) {
+    std::string file = write("document", "PK\3\4");
+    for (const auto& [key, module] : kModules) expectModuleError(key, file, module);
+}
+
+TEST_F(Module, ThatIsBrokenIsTheSame) {
+    std::string file = write("document", "PK\3\4");
+    for (const auto& [key, module] : kModules) {
+        write(std::string("lib/texttool/") + module + ".so", "not a library");
+        expectModuleError(key, file, module);
+    }
+}
+
+TEST_F(Module, ThatIsMissingDisturbsNoOtherKind) {
+    std::string file = write("document.rtf", "{\\rtf1 text}");
+    for (const char* key : {"RTFPath", "WordPath", "RTFDPath"}) {
+        EXPECT_EQ(stringIn(recordOf(requestToCopy(key, file).output), u"string"), "text") << key;
+    }
+    EXPECT_EQ(stringIn(recordOf(requestToCopy("EMLPath", file).output), u"string"), "{\n}");
+}
+
+TEST_F(Module, IsFoundBesideAProgramThatWasMoved) {
+    fs::path built = fs::path(TEXTTOOL_PROGRAM).parent_path().parent_path() / "lib/texttool";
+    fs::copy_file(built / "HTML.so", path("lib/texttool/HTML.so"));
+    ToolResult result = requestToCopy("HTMLPath", write("a.html", "<title>moved</title>"));
+    EXPECT_EQ(stringIn(recordOf(result.output), u"title"), "moved");
+}
+
+} // namespace
