@@ -1,0 +1,43 @@
+# SPDX-License-Identifier: Apache-2.0
+"""Runs programs as processes of their own and measures them. What `compare` and `large` share."""
+import collections
+import os
+import subprocess
+import sys
+
+HERE = os.path.dirname(os.path.realpath(__file__))
+TOOL = os.path.join(HERE, '..', 'build', 'release', 'bin', 'texttool')
+SECONDS = 60  # no program is given more for one document
+
+# Times in seconds, peak memory in MiB, the exit status or minus the signal.
+Measurement = collections.namedtuple('Measurement', 'wall cpu memory status')
+
+
+class Measurer:
+    """Compiles the two small programs of this folder into `folder` and runs others through the first."""
+
+    def __init__(self, folder):
+        self.folder = folder
+        self.program = self._compile('measure', '-static')
+        self.bare = self._compile('bare')
+        self.result = os.path.join(folder, 'result')
+        self.environment = {k: v for k, v in os.environ.items() if k != 'OutPath'}
+
+    def _compile(self, name, *options):
+        program = os.path.join(self.folder, name)
+        source = os.path.join(HERE, name + '.cpp')
+        subprocess.run(['c++', '-std=c++20', '-O2', *options, '-o', program, source], check=True)
+        return program
+
+    def run(self, command, output=subprocess.DEVNULL):
+        subprocess.run([self.program, self.result, str(SECONDS), *command], stdin=subprocess.DEVNULL, stdout=output,
+                       stderr=subprocess.DEVNULL, env=self.environment, check=True)
+        with open(self.result) as file:
+            wall, cpu, memory, status = map(int, file.read().split())
+        return Measurement(wall / 1e6, cpu / 1e6, memory / 1024, status)
+
+
+def tool_or_exit(path):
+    if not os.access(path, os.X_OK):
+        sys.exit('%s is not there: build it first (cmake --build build/release --target tool)' % path)
+    return os.path.realpath(path)
