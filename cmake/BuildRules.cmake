@@ -1,0 +1,52 @@
+# SPDX-License-Identifier: Apache-2.0
+# How everything here is compiled and linked.
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+include(CheckPIESupported)
+check_pie_supported()
+
+# A program that runs for milliseconds gains more from small code than from unrolled loops.
+set(CMAKE_CXX_FLAGS_RELEASE "-O2 -DNDEBUG")
+# Fast enough to run every test, quick to compile, and reports name their lines.
+set(CMAKE_CXX_FLAGS_SANITIZE "-O1 -g1")
+
+find_program(CCACHE ccache)
+if(CCACHE)
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+endif()
+
+add_compile_options(-Wall -Wextra -Wpedantic -Wconversion -Wno-sign-conversion -Werror)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    # -Wrestrict of g++ 12 takes string concatenations for overlapping copies.
+    add_compile_options(-Wshadow=local -Wno-restrict)
+else()
+    add_compile_options(-Wshadow)
+endif()
+include_directories(${CMAKE_SOURCE_DIR})
+
+if(TEXTTOOL_SANITIZE)
+    add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=address,undefined)
+    add_compile_definitions(_GLIBCXX_ASSERTIONS)
+else()
+    add_compile_options(-fstack-protector-strong $<$<CONFIG:Release>:-D_FORTIFY_SOURCE=2>)
+    add_link_options(-Wl,-z,relro,-z,now,-z,pack-relative-relocs -Wl,--as-needed -Wl,--hash-style=gnu)
+endif()
+if(TEXTTOOL_FUZZ)
+    add_compile_options(-fsanitize=fuzzer-no-link)
+endif()
+if(TEXTTOOL_STATIC_RUNTIME)
+    add_link_options(-static-libstdc++ -static-libgcc)
+endif()
+
+# A module: one entry goes out; values and library are resolved from the program that loads it.
+function(add_texttool_module name)
+    add_library(${name}Module MODULE ${ARGN})
+    set_target_properties(${name}Module PROPERTIES
+        OUTPUT_NAME ${name} PREFIX "" LIBRARY_OUTPUT_DIRECTORY ${TEXTTOOL_MODULE_FOLDER}
+        CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
+    target_link_options(${name}Module PRIVATE -Wl,--exclude-libs,ALL)
+    install(TARGETS ${name}Module LIBRARY DESTINATION lib/texttool)
+endfunction()
