@@ -50,6 +50,19 @@ void* allocate(void* context, size_t size) {
 
 void release(void* context, void* memory) { static_cast<Parse*>(context)->arena.release(memory); }
 
+// False when the parser was stopped. What changes between the mark and the jump lies outside of this
+// function.
+bool run(Parse& parse, std::string_view utf8) {
+    GumboOptions options = kGumboDefaultOptions;
+    options.allocator = allocate;
+    options.deallocator = release;
+    options.userdata = &parse;
+    options.max_errors = 0;
+    if (setjmp(parse.stop) != 0) return false;
+    gumbo_parse_with_options(&options, utf8.data(), utf8.size());
+    return true;
+}
+
 } // namespace
 
 void* HTMLArena::allocate(size_t size) {
@@ -89,15 +102,7 @@ HTMLTree::HTMLTree(std::string_view utf8, Deadline& deadline)
     : arena_(std::clamp(utf8.size() * kUsualGrowth, kSmallestBlock, kLargestBlock),
              std::min(kLimitBase + utf8.size() * kLargestGrowth, kLimit)) {
     Parse parse{arena_, deadline, Deadline(timeFor(utf8.size())), nullptr, {}};
-    GumboOptions options = kGumboDefaultOptions;
-    options.allocator = allocate;
-    options.deallocator = release;
-    options.userdata = &parse;
-    options.max_errors = 0;
-    if (setjmp(parse.stop) == 0) {
-        gumbo_parse_with_options(&options, utf8.data(), utf8.size());
-        whole_ = true;
-    }
+    whole_ = run(parse, utf8);
     if (!parse.output || !parse.output->document) throw std::bad_alloc();
     document_ = parse.output->document;
 }

@@ -13,7 +13,7 @@ namespace {
 
 std::string bigEndian(uint64_t value, unsigned size) {
     std::string bytes;
-    for (unsigned i = size; i > 0; --i) bytes.push_back(i > 8 ? 0 : char(value >> (8 * (i - 1))));
+    for (unsigned i = size; i > 0; --i) bytes.push_back(i > 8 ? '\0' : char(value >> (8 * (i - 1))));
     return bytes;
 }
 
