@@ -56,7 +56,10 @@ bool isOneOf(std::string_view name, std::initializer_list<std::string_view> name
 
 // The name in an element's own tag, for elements that the parser has no number for.
 std::string_view nameInTag(const GumboStringPiece& source) {
+    constexpr std::string_view kEmptyEndTag = "</>";
     std::string_view tag(source.data, source.length);
+    // The parser counts what it passed over to the next tag.
+    while (tag.starts_with(kEmptyEndTag)) tag.remove_prefix(kEmptyEndTag.size());
     if (tag.starts_with('<')) tag.remove_prefix(1);
     size_t length = 0;
     while (length < tag.size() && !isHTMLSpace(tag[length]) && tag[length] != '/' && tag[length] != '>')

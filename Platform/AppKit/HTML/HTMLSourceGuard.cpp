@@ -18,9 +18,8 @@ constexpr size_t kBytesPerReopened = 16;
 // them.
 constexpr size_t kAddressLength = 32;
 
-// What a parser passes over without a trace. Without it, what stood around a tag could come together as a new
-// one.
-constexpr std::string_view kNothing = "</>";
+// Leaves no text. With nothing in a tag's place, what stood around it could come together as a new tag.
+constexpr std::string_view kNothing = "<!---->";
 
 // What ends SVG and MathML in the place of a tag that would have done so.
 constexpr std::string_view kLeavesPicture = "<span></span>";
@@ -51,7 +50,7 @@ public:
         HTMLTag tag;
         size_t textBegin = 0;
         while (scanner_.nextTag(tag)) {
-            if (tag.begin > textBegin) elements_.text();
+            if (tag.begin > textBegin) readText(tag);
             const bool whole = readTag(tag);
             textBegin = scanner_.position();
             if (!whole) break;
@@ -65,6 +64,15 @@ private:
     struct Range {
         size_t begin, end;
     };
+
+    // The parser takes markup that means nothing, such as "</>", for the beginning of the tag behind it, and
+    // does not know the end tags of SVG and MathML then. A comment keeps them apart.
+    void readText(const HTMLTag& next) {
+        elements_.text();
+        const bool endsMarkup = source_[next.begin - 1] == '>';
+        if (next.isEnd && endsMarkup && elements_.inForeignContent())
+            replace({next.begin, next.begin}, kNothing);
+    }
 
     // False when the source ends inside the tag, which the parser ignores then.
     bool readTag(const HTMLTag& tag) {

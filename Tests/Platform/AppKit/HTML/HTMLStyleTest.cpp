@@ -19,7 +19,7 @@ TEST(HTMLStyle, leavesOutWhatIsNeverShown) {
         {"until a style shows it", "<style>p{display:block}</style><p hidden>a", u"a\n"},
         {"closed details", "<details>x<summary>a</summary><p>y</p></details>", u"a\n"},
         {"open details", "<details open><summary>a</summary>b</details>", u"a\nb\n"},
-        {"dialogs", "<dialog>x</dialog><dialog open>a</dialog>", u"a\n"},
+        {"dialogs", "<dialog>x</dialog><DIALOG open>a</DIALOG></><dialog>x</dialog>", u"a\n"},
         {"lists of suggestions", "a<datalist><option>x</datalist>", u"a"},
         {"parentheses of ruby", "<ruby>a<rp>(</rp><rt>b</rt><rp>)</rp></ruby>", u"ab"},
         {"text for when there are no scripts is shown", "<noscript><p>a</p></noscript>", u"a\n"},
