@@ -45,7 +45,7 @@ protected:
         while (tool.isRunning()) {
             std::vector<std::string> names = threadNames(tool.pid());
             if (std::find(names.begin(), names.end(), name) == names.end()) continue;
-            kill(tool.pid(), SIGSTOP);
+            tool.send(SIGSTOP);
             return true;
         }
         return false;
@@ -79,7 +79,7 @@ TEST_F(MarkDocument, DoesNotKeepTheProcessAfterTheRecord) {
     std::string file = slowDocument("slow.rtf");
     RunningTool tool({.arguments = {"-RTFPath", file}});
     ASSERT_TRUE(stopAtNamedThread(tool, "slow.rtf"));
-    kill(tool.pid(), SIGCONT);
+    tool.send(SIGCONT);
     ToolResult result = tool.wait();
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(stringIn(recordOf(result.output), u"string").substr(0, 5), "slow ");
@@ -92,8 +92,8 @@ TEST_F(MarkDocument, SaysInACrashWhichDocumentItWas) {
     for (const auto& [signal, name] : signals) {
         RunningTool tool({.arguments = {"-RTFPath", file}});
         ASSERT_TRUE(stopAtNamedThread(tool, "slow \xFF.rtf"));
-        kill(tool.pid(), signal);
-        kill(tool.pid(), SIGCONT);
+        tool.send(signal);
+        tool.send(SIGCONT);
         ToolResult result = tool.wait();
         EXPECT_EQ(result.signal, signal) << "the signal takes its course";
         EXPECT_EQ(result.errors, "texttool: fatal signal " + name + " while reading " + file + "\n");
@@ -105,8 +105,8 @@ TEST_F(MarkDocument, LeavesOtherSignalsAlone) {
     std::string file = slowDocument("slow.rtf");
     RunningTool tool({.arguments = {"-RTFPath", file}});
     ASSERT_TRUE(stopAtNamedThread(tool, "slow.rtf"));
-    kill(tool.pid(), SIGTERM);
-    kill(tool.pid(), SIGCONT);
+    tool.send(SIGTERM);
+    tool.send(SIGCONT);
     ToolResult result = tool.wait();
     EXPECT_EQ(result.signal, SIGTERM);
     EXPECT_EQ(result.errors, "");

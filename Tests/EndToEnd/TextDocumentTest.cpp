@@ -150,9 +150,9 @@ TEST_F(TextDocument, ThatTakesTooLongGivesWhatWasReadInTime) {
     while (tool.isRunning() && hasOpen(tool.pid(), file)) std::this_thread::yield();
     const long start = ticks(tool.pid());
     while (tool.isRunning() && ticks(tool.pid()) < start + 3) std::this_thread::yield();
-    kill(tool.pid(), SIGSTOP);
+    tool.send(SIGSTOP);
     std::this_thread::sleep_for(std::chrono::milliseconds(10'200));
-    kill(tool.pid(), SIGCONT);
+    tool.send(SIGCONT);
     ToolResult result = tool.wait();
     EXPECT_EQ(result.status, 0);
     std::string read = stringIn(recordOf(result.output), u"string");

@@ -86,7 +86,7 @@ RunningTool::RunningTool(const ToolCommand& command)
 
 RunningTool::~RunningTool() {
     if (isRunning()) {
-        kill(pid_, SIGKILL);
+        send(SIGKILL);
         waitpid(pid_, nullptr, 0);
     }
     close(output_);
@@ -98,13 +98,17 @@ bool RunningTool::isRunning() {
     return !ended_;
 }
 
+void RunningTool::send(int signal) {
+    if (isRunning()) kill(pid_, signal);
+}
+
 ToolResult RunningTool::wait() {
     ToolResult result;
     while (isRunning()) {
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
         if (result.timedOut || std::chrono::steady_clock::now() < end_) continue;
         result.timedOut = true;
-        kill(pid_, SIGKILL);
+        send(SIGKILL);
     }
     if (WIFEXITED(waitStatus_)) result.status = WEXITSTATUS(waitStatus_);
     if (WIFSIGNALED(waitStatus_)) result.signal = WTERMSIG(waitStatus_);

@@ -43,6 +43,8 @@ public:
     pid_t pid() const { return pid_; }
     // True until the process has ended, or has been waited for.
     bool isRunning();
+    // Nothing happens when the process is no longer there.
+    void send(int signal);
     ToolResult wait();
 
 private:
