@@ -3,6 +3,7 @@
 #include "Platform/Foundation/NSData.h"
 #include "Platform/Foundation/NSError.h"
 #include "Platform/Foundation/NSPathUtilities.h"
+#include "Platform/Foundation/StringFormat.h"
 
 #include <cerrno>
 #include <climits>
@@ -33,9 +34,21 @@ NSError readError(const NSString& path, int systemErrno) {
     }
 }
 
+// What is missing when a file cannot be made is its folder.
+NSError missingFolderError(const NSString& path, int systemErrno) {
+    NSString folder = lastPathComponent(stringByDeletingLastPathComponent(path));
+    NSError error = fileError(NSFileNoSuchFileError, path, systemErrno);
+    if (folder.isEmpty()) return error;
+    NSMutableDictionary info(error.userInfo());
+    info.setObject(stringWithFormat("The folder “%@” doesn’t exist.", folder),
+                   NSString(NSLocalizedDescriptionKey));
+    info.setObject(NSString(u"The folder doesn’t exist."), NSString(NSLocalizedFailureReasonErrorKey));
+    return NSError(error.domain(), error.code(), std::move(info).copy());
+}
+
 NSError writeError(const NSString& path, int systemErrno) {
     switch (systemErrno) {
-    case ENOENT: return fileError(NSFileNoSuchFileError, path, systemErrno);
+    case ENOENT: return missingFolderError(path, systemErrno);
     case EACCES:
     case EPERM: return fileError(NSFileWriteNoPermissionError, path, systemErrno);
     case EEXIST: return fileError(NSFileWriteFileExistsError, path, systemErrno);

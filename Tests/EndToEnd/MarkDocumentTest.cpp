@@ -5,9 +5,13 @@
 #include "Tests/EndToEnd/EndToEnd.h"
 
 #include <csignal>
+#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
+#include <sys/ptrace.h>
 #include <sys/resource.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
 
@@ -51,6 +55,59 @@ protected:
         return false;
     }
 };
+
+// Runs the tool to the system call that would end it, and holds it there, marked as it then is.
+class HeldAtItsEnd {
+public:
+    explicit HeldAtItsEnd(const std::vector<std::string>& arguments) {
+        pid_ = fork();
+        if (pid_ == 0) start(arguments);
+        int status = 0;
+        for (waitpid(pid_, &status, 0); WIFSTOPPED(status); waitpid(pid_, &status, 0)) {
+            ptrace(PTRACE_SETOPTIONS, pid_, nullptr, PTRACE_O_EXITKILL | PTRACE_O_TRACESYSGOOD);
+            __ptrace_syscall_info call{};
+            ptrace(PTRACE_GET_SYSCALL_INFO, pid_, sizeof call, &call);
+            if (call.op == PTRACE_SYSCALL_INFO_ENTRY && call.entry.nr == SYS_exit_group) return;
+            ptrace(PTRACE_SYSCALL, pid_, nullptr, nullptr);
+        }
+        ADD_FAILURE() << "the tool ended before it was held";
+    }
+    ~HeldAtItsEnd() {
+        kill(pid_, SIGKILL);
+        waitpid(pid_, nullptr, 0);
+    }
+    pid_t pid() const { return pid_; }
+
+private:
+    [[noreturn]] static void start(const std::vector<std::string>& arguments) {
+        std::vector<char*> words = {const_cast<char*>(TEXTTOOL_PROGRAM)};
+        for (const std::string& argument : arguments) words.push_back(const_cast<char*>(argument.c_str()));
+        words.push_back(nullptr);
+        dup2(open("/dev/null", O_WRONLY), STDOUT_FILENO);
+        ptrace(PTRACE_TRACEME, 0, nullptr, nullptr);
+        execv(TEXTTOOL_PROGRAM, words.data());
+        _exit(1);
+    }
+    pid_t pid_;
+};
+
+bool someThreadIsNamed(pid_t process, const std::string& name) {
+    for (int attempts = 0; attempts < 1000; ++attempts) {
+        std::vector<std::string> names = threadNames(process);
+        if (std::find(names.begin(), names.end(), name) != names.end()) return true;
+        usleep(1000); // the thread may not have come to run yet
+    }
+    return false;
+}
+
+TEST_F(MarkDocument, MarksAMissingDocumentOfEachKind) {
+    for (const char* key : kRequestKeys) {
+        std::string file = path(std::string("no ") + key);
+        HeldAtItsEnd tool({std::string("-") + key, file});
+        EXPECT_EQ(ElfFile(TEXTTOOL_PROGRAM).textOfPointer("__crashreporter_info__", tool.pid()), file);
+        EXPECT_TRUE(someThreadIsNamed(tool.pid(), ("no " + std::string(key)).substr(0, 15))) << key;
+    }
+}
 
 TEST_F(MarkDocument, NamesAThreadAfterTheFile) {
     const std::pair<std::string, std::string> names[] = {{"short.rtf", "short.rtf"},

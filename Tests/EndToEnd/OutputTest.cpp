@@ -7,6 +7,7 @@
 
 #include <filesystem>
 #include <sys/stat.h>
+#include <thread>
 #include <unistd.h>
 
 namespace {
@@ -96,8 +97,8 @@ TEST_F(Output, ThatCannotBeWrittenIsOneLogLine) {
                     "    NSFilePath = \"" +
                     at +
                     "\";\n"
-                    "    NSLocalizedDescription = \"The file \\U201crecord\\U201d doesn\\U2019t exist.\";\n"
-                    "    NSLocalizedFailureReason = \"The file doesn\\U2019t exist.\";\n"
+                    "    NSLocalizedDescription = \"The folder \\U201cnone\\U201d doesn\\U2019t exist.\";\n"
+                    "    NSLocalizedFailureReason = \"The folder doesn\\U2019t exist.\";\n"
                     "    NSUnderlyingError = \"<NSError Domain=NSPOSIXErrorDomain Code=2 UserInfo={\\n"
                     "    NSLocalizedDescription = \\\"The operation couldn\\\\U2019t be completed. "
                     "No such file or directory\\\";\\n"
@@ -118,6 +119,59 @@ TEST_F(Output, IntoAFolderOrAnEmptyPathIsLogged) {
             << lines[0];
     }
     EXPECT_TRUE(fs::is_empty(path("folder")));
+}
+
+TEST_F(Output, ThroughLinksInACircleIsLogged) {
+    fs::create_symlink("b", path("a"));
+    fs::create_symlink("a", path("b"));
+    ToolResult result = requestInto(path("a"));
+    EXPECT_EQ(result.output, "");
+    EXPECT_EQ(logLines(result).at(0).find("Error writing output to " + path("a") +
+                                          ": <NSError Domain=NSCocoaErrorDomain Code=512 "),
+              0u);
+}
+
+TEST_F(Output, GoesIntoAPipeThatOutPathNames) {
+    ASSERT_EQ(mkfifo(path("pipe").c_str(), 0600), 0);
+    std::string received;
+    std::thread reader([&] { received = readFile(path("pipe")); });
+    ToolResult result = requestInto(path("pipe"));
+    reader.join();
+    EXPECT_EQ(received, request("RTFPath", document).output);
+    EXPECT_TRUE(fs::is_fifo(path("pipe")));
+    EXPECT_EQ(result.errors, "");
+}
+
+// The program under a shell that sets something up; the document and one more path are the script's $1, $2.
+ToolCommand underShell(const std::string& script, const std::string& document, const std::string& other) {
+    return {.arguments = {"-c", "tool=$0; " + script, TEXTTOOL_PROGRAM, document, other}, .program = "bash"};
+}
+
+std::string longDocument() { return "{\\rtf1 " + std::string(1'000'000, 'x') + "}"; }
+
+TEST_F(Output, ToAReaderThatHasGoneIsAnExceptionInTheLog) {
+    std::string script = R"({ "$tool" -RTFPath "$1" 2>"$2"; echo $? >&2; } | true)";
+    ToolResult result = runTool(underShell(script, write("long.rtf", longDocument()), path("log")));
+    EXPECT_EQ(result.errors, "0\n");
+    EXPECT_NE(readFile(path("log"))
+                  .find("NSFileHandleOperationException: *** -[NSConcreteFileHandle "
+                        "writeData:]: Broken pipe\n"),
+              std::string::npos);
+}
+
+TEST_F(Output, BeyondTheLimitOfFileSizesIsLogged) {
+    std::string file = write("long.rtf", longDocument()), limit = "ulimit -f 8; ";
+    ToolResult result = runTool(underShell(limit + R"("$tool" -RTFPath "$1" >"$2")", file, path("output")));
+    EXPECT_EQ(result.status, 0);
+    EXPECT_NE(result.errors.find("NSFileHandleOperationException: *** -[NSConcreteFileHandle writeData:]: "
+                                 "File too large\n"),
+              std::string::npos);
+
+    write("record", "former");
+    result = runTool(underShell(limit + R"(OutPath=$2 "$tool" -RTFPath "$1")", file, path("record")));
+    EXPECT_EQ(result.status, 0);
+    EXPECT_NE(result.errors.find("Error writing output to " + path("record")), std::string::npos);
+    EXPECT_EQ(readFile(path("record")), "former");
 }
 
 TEST_F(Output, ToAFullDeviceIsAnExceptionInTheLog) {

@@ -6,6 +6,8 @@
 
 #include "Platform/Foundation/NSPropertyListSerialization.h"
 
+#include <filesystem>
+
 namespace {
 
 using Request = EndToEnd;
@@ -58,6 +60,32 @@ TEST_F(Request, ForAMissingFileIsError4WithItsPath) {
         EXPECT_EQ(errorOf(result.output), missingFile(path("none"))) << key;
         EXPECT_EQ(stringIn(recordOf(result.output), u"errorString"), "The file “none” doesn’t exist.");
         EXPECT_EQ(result.errors, "") << key;
+    }
+}
+
+TEST_F(Request, ForAFolderIsAMissingFileWhereOnlyFilesWillDo) {
+    std::filesystem::create_directory(path("folder"));
+    for (const char* key : {"WebArchivePath", "PDFPath", "QTPath", "ImagePath"}) {
+        EXPECT_EQ(errorOf(request(key, path("folder")).output), missingFile(path("folder"))) << key;
+    }
+    for (const char* key : {"SpotlightPath", "EMLPath"}) {
+        EXPECT_FALSE(request(key, path("folder")).output.find("errorData") != std::string::npos) << key;
+    }
+}
+
+TEST_F(Request, OfAListInsteadOfAPathIsNoRequest) {
+    for (const std::string& value : {std::string("(draft)"), std::string("{ a = b; }"), std::string("<61>"),
+                                     std::string("<plist><dict><key>a</key><true/></dict></plist>")}) {
+        ToolResult result = request("RTFPath", value);
+        EXPECT_EQ(result.output, "") << value;
+        EXPECT_EQ(logLines(result).back(), "NSInternalInconsistencyException: bad arguments") << value;
+    }
+}
+
+TEST_F(Request, OfBrokenOrBottomlessListsIsAPath) {
+    for (const std::string& value : {std::string("(draft"), std::string(100'000, '('),
+                                     std::string(100'000, '{'), std::string("<plist><array>")}) {
+        EXPECT_EQ(errorOf(request("RTFPath", value).output), missingFile(value)) << value.substr(0, 20);
     }
 }
 

@@ -81,6 +81,27 @@ TEST_F(TextDocument, InAPackageWithoutItsTextIsAnError) {
     }
 }
 
+TEST_F(TextDocument, InAPackageIsNothingButRTFAndNoPipeIsWaitedFor) {
+    fs::create_directory(path("plain.rtfd"));
+    write("plain.rtfd/TXT.rtf", "plain text\n");
+    EXPECT_EQ(errorOf(request("RTFDPath", path("plain.rtfd")).output).code(), NSFileReadCorruptFileError);
+    fs::create_directory(path("pipe.rtfd"));
+    ASSERT_EQ(mkfifo(path("pipe.rtfd/TXT.rtf").c_str(), 0600), 0);
+    ToolResult result =
+        runTool({.arguments = {"-RTFDPath", path("pipe.rtfd")}, .limit = std::chrono::seconds(20)});
+    EXPECT_FALSE(result.timedOut);
+    EXPECT_EQ(errorOf(result.output).code(), NSFileReadUnknownError);
+}
+
+TEST_F(TextDocument, InAPackageOfAnyNameIsFound) {
+    for (const std::string name :
+         {"100%.rtfd", "a%20b.rtfd", "#1?.rtfd", "a;b.rtfd", "caf\xE9.rtfd", "\xFF.rtfd"}) {
+        fs::create_directory(path(name));
+        write(name + "/TXT.rtf", "{\\rtf1 packed}");
+        EXPECT_EQ(stringIn(recordOf(request("RTFDPath", path(name)).output), u"string"), "packed") << name;
+    }
+}
+
 TEST_F(TextDocument, IsFoundThroughALink) {
     write("real.rtf", "{\\rtf1 linked}");
     fs::create_symlink("real.rtf", path("link"));

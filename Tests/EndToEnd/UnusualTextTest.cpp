@@ -103,4 +103,16 @@ TEST_F(Keywords, ThatAreDamagedAreNone) {
     EXPECT_EQ(keywordsWith("user.com.apple.metadata:kMDItemKeywords", "bplist00\x01\x02"), "(\n)");
 }
 
+TEST_F(UnusualText, NulInAPathIsAnExceptionInTheLog) {
+    NSString withNul(std::u16string(u"/tmp\0/x", 7));
+    NSDictionary stored{{NSString(u"RTFPath"), withNul}};
+    write(TEXTTOOL_HOST_DOMAIN ".texttool.plist",
+          dataFromPropertyList(stored, NSPropertyListBinaryFormat_v1_0, nullptr).bytes());
+    ToolResult result = runTool({.environment = {{"XDG_CONFIG_HOME", folder.path()}}});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.output, "");
+    ASSERT_EQ(logLines(result).size(), 1u);
+    EXPECT_EQ(logLines(result)[0].find("NSCharacterConversionException: "), 0u) << logLines(result)[0];
+}
+
 } // namespace

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Foundation/NSArray.h"
 #include "Platform/Foundation/NSNumber.h"
+#include "Platform/Foundation/NSProcessInfo.h"
 #include "Platform/Foundation/NSPropertyListSerialization.h"
 #include "Platform/Foundation/Preferences.h"
 #include "Tests/Support/TemporaryFolder.h"
+#include "ZORFoundation/Source/NSError+ZOR.h"
+#include "ZORFoundation/Source/NSProcessInfo+ZOR.h"
 #include "ZORFoundation/Source/NSUserDefaults+ZOR.h"
 
 #include <cstdlib>
@@ -44,6 +47,7 @@ TEST_F(StoredPreferences, BooleansOfADomain) {
     write("user/booleans", {{s(u"True"), NSNumber::withBool(true)},
                             {s(u"One"), NSNumber::withInteger(1)},
                             {s(u"Zero"), NSNumber::withInteger(0)},
+                            {s(u"Low32BitsZero"), NSNumber::withInteger(int64_t(1) << 32)},
                             {s(u"yes"), s(u"yes")},
                             {s(u"NO"), s(u"NO")},
                             {s(u"fAlse"), s(u"fAlse")},
@@ -54,6 +58,7 @@ TEST_F(StoredPreferences, BooleansOfADomain) {
         EXPECT_TRUE(zorBoolForKey(defaults, u"True", d, other));
         EXPECT_TRUE(zorBoolForKey(defaults, u"One", d, other));
         EXPECT_FALSE(zorBoolForKey(defaults, u"Zero", d, other));
+        EXPECT_FALSE(zorBoolForKey(defaults, u"Low32BitsZero", d, other));
         EXPECT_TRUE(zorBoolForKey(defaults, u"yes", d, other));
         EXPECT_FALSE(zorBoolForKey(defaults, u"NO", d, other));
         EXPECT_FALSE(zorBoolForKey(defaults, u"fAlse", d, other));
@@ -136,6 +141,39 @@ TEST_F(StoredPreferences, TheSearchListFindsTheReceiversDomain) {
     EXPECT_EQ(searched.stringForKey(u"Stored").utf8(), "here");
     EXPECT_EQ(searched.stringForKey(u"Argument").utf8(), "seen");
     EXPECT_EQ(searched.stringForKey(u"Global").utf8(), "global");
+}
+
+// The process's own settings come from a domain of the test while this lives.
+class OwnDomain {
+public:
+    explicit OwnDomain(const NSString& domain) { NSUserDefaults::standardUserDefaults().setDomain(domain); }
+    ~OwnDomain() {
+        NSUserDefaults::standardUserDefaults().setDomain(NSProcessInfo::processInfo().processName());
+    }
+};
+
+TEST_F(StoredPreferences, SayWhetherTheProcessIsSandboxed) {
+    EXPECT_FALSE(NSProcessInfoZOR::zorIsInAppSandbox());
+    write("user/sandboxed", {{s(u"ZORAppSandbox"), s(u"YES")}});
+    OwnDomain domain(u"sandboxed");
+    EXPECT_TRUE(NSProcessInfoZOR::zorIsInAppSandbox());
+}
+
+TEST_F(StoredPreferences, HaveEachErrorLoggedInShort) {
+    write("user/shortErrors", {{s(u"ErrorShortLogging"), NSNumber::withBool(true)}});
+    NSError error(u"Domain", 7, {{s(NSUnderlyingErrorKey), NSError(NSPOSIXErrorDomain, 2)}});
+    testing::internal::CaptureStderr();
+    NSString silent = zorFullDescription(error);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+
+    OwnDomain domain(u"shortErrors");
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(zorFullDescription(error), silent);
+    std::string lines = testing::internal::GetCapturedStderr();
+    size_t outer = lines.find("Error: Error Domain=Domain Code=7 ");
+    size_t inner = lines.find("Error: Error Domain=NSPOSIXErrorDomain Code=2 ");
+    EXPECT_LT(outer, inner) << lines;
+    EXPECT_NE(inner, std::string::npos) << lines;
 }
 
 TEST(SearchListDefaults, CheckTheClass) {

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "ZORFoundation/Source/NSProcessInfo+ZOR.h"
 
+#include "Platform/Foundation/NSException.h"
 #include "Platform/Foundation/ProcessTable.h"
 
 #include <csignal>
+#include <dlfcn.h>
 #include <gtest/gtest.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
@@ -13,6 +15,19 @@
 namespace {
 
 using namespace NSProcessInfoZOR;
+
+int processorQueries = 0;
+
+} // namespace
+
+// Stands before the C library's own, to count what is asked of it.
+extern "C" long sysconf(int name) noexcept {
+    static auto* real = reinterpret_cast<long (*)(int)>(dlsym(RTLD_NEXT, "sysconf"));
+    if (name == _SC_NPROCESSORS_ONLN) ++processorQueries;
+    return real(name);
+}
+
+namespace {
 
 TEST(Releases, AreToldByTheFoundationNumber) {
     struct {
@@ -37,8 +52,11 @@ TEST(Releases, AreToldByTheFoundationNumber) {
 TEST(OSVersion, FitsTheFoundationNumber) { EXPECT_EQ(zorOSVersionString().utf8(), "10.10.5"); }
 
 TEST(Processors, AreCountedOnce) {
-    EXPECT_EQ(zorNumberOfProcessors(), unsigned(sysconf(_SC_NPROCESSORS_ONLN)));
-    EXPECT_EQ(zorNumberOfProcessors(), zorNumberOfProcessors());
+    const long online = sysconf(_SC_NPROCESSORS_ONLN);
+    (void)zorNumberOfProcessors();
+    processorQueries = 0;
+    EXPECT_EQ(zorNumberOfProcessors(), unsigned(online));
+    EXPECT_EQ(processorQueries, 0);
 }
 
 TEST(OpenFiles, LimitIsReadAndSet) {
@@ -56,8 +74,6 @@ TEST(OpenFiles, LimitIsReadAndSet) {
     waitpid(child, &status, 0);
     EXPECT_EQ(status, 0);
 }
-
-TEST(Sandbox, IsWhatTheSettingSays) { EXPECT_FALSE(zorIsInAppSandbox()); }
 
 // A child of this user with a command name of our choosing.
 class NamedProcess {
@@ -113,6 +129,25 @@ TEST(RunningProcess, OfAnotherUserIsNotSeen) {
     EXPECT_FALSE(zorIsBSDProcessRunning(u"zorStranger"));
     ASSERT_TRUE(findProcessOfUser(65534, "zorStranger", found));
     EXPECT_TRUE(found);
+}
+
+TEST(RunningProcess, IsAnAssertionWhereTheTableCannotBeRead) {
+    pid_t child = fork();
+    if (child == 0) {
+        rlimit none{};
+        setrlimit(RLIMIT_NOFILE, &none);
+        try {
+            (void)zorIsBSDProcessRunning(u"init");
+        } catch (const NSException& e) {
+            bool right = e.name().utf8() == "NSInternalInconsistencyException" &&
+                         e.reason().utf8() == "Invalid parameter not satisfying: err == 0";
+            _exit(right ? 0 : 1);
+        }
+        _exit(2);
+    }
+    int status = -1;
+    waitpid(child, &status, 0);
+    EXPECT_EQ(WEXITSTATUS(status), 0);
 }
 
 } // namespace

@@ -14,6 +14,7 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <regex>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -68,6 +69,24 @@ TEST(Threads, CarryTheFirstFifteenBytesOfTheirName) {
     EXPECT_TRUE(someThreadIsNamed("short"));
 }
 
+TEST(Threads, ThatCannotBeStartedAreLogged) {
+    testing::internal::CaptureStderr();
+    pid_t child = fork();
+    if (child == 0) {
+        // Root has no limit of processes, and nobody else may start one more here.
+        rlimit one{1, 1};
+        bool limited = (getuid() != 0 || setuid(65534) == 0) && setrlimit(RLIMIT_NPROC, &one) == 0;
+        if (limited) NSThread::detachNewThread(carryName, u"one too many");
+        _exit(limited ? 0 : 1);
+    }
+    int status = -1;
+    waitpid(child, &status, 0);
+    EXPECT_EQ(status, 0);
+    std::string log = testing::internal::GetCapturedStderr();
+    EXPECT_NE(log.find("] A thread cannot be started: Resource temporarily unavailable\n"), std::string::npos)
+        << log;
+}
+
 // Runs in a child, whose standard output is the file, and answers what it raised.
 std::string raisedWith(const std::string& outputFile, void (*body)(NSFileHandle&)) {
     int report[2];
@@ -110,6 +129,28 @@ TEST(StandardOutput, IsWrittenWholeAndClosedOnce) {
     };
     EXPECT_EQ(raisedWith(file, closeTwice),
               "NSFileHandleOperationException: *** -[NSConcreteFileHandle closeFile]: Bad file descriptor");
+}
+
+TEST(StandardOutput, ThatDoesNotBlockIsWaitedFor) {
+    int ends[2];
+    ASSERT_EQ(pipe2(ends, O_NONBLOCK), 0);
+    pid_t child = fork();
+    if (child == 0) {
+        dup2(ends[1], STDOUT_FILENO);
+        NSFileHandle::fileHandleWithStandardOutput().writeData(NSData(std::string(1'000'000, 'x')));
+        _exit(0);
+    }
+    close(ends[1]);
+    fcntl(ends[0], F_SETFL, 0);
+    usleep(20'000); // until the pipe is full
+    size_t total = 0;
+    char piece[4096];
+    for (ssize_t count; (count = read(ends[0], piece, sizeof piece)) > 0;) total += size_t(count);
+    close(ends[0]);
+    int status = -1;
+    waitpid(child, &status, 0);
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(total, 1'000'000u);
 }
 
 TEST(StandardOutput, ThatTakesNothingRaises) {

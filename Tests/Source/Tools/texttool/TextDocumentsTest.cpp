@@ -91,6 +91,12 @@ TEST_F(TextDocuments, AnUnreadableFileIsReportedTwice) {
     EXPECT_EQ(last.userInfo().count(), 0u); // the reader's, which had no data, and not the file's
 }
 
+TEST_F(TextDocuments, ReadImmediatelyAreTheSame) {
+    NSString file = write("a.rtf", "{\\rtf1 at once}");
+    NSAttributedString text = readDocument(file, NSRTFTextDocumentType, &attributes, &error, true);
+    EXPECT_EQ(text.string().utf8(), "at once");
+}
+
 TEST_F(TextDocuments, DataFromPathReportsItsOwnFailure) {
     EXPECT_FALSE(dataFromPath(path("missing")));
     EXPECT_EQ(reported().code(), 260);
