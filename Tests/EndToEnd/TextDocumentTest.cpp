@@ -139,6 +139,21 @@ TEST_F(TextDocument, UnderAPathTooLongOrThroughAFileIsMissing) {
     }
 }
 
+#ifndef __SANITIZE_ADDRESS__ // which reserves more room than any limit leaves
+TEST_F(TextDocument, UnderAnyLimitOfMemoryEndsWithoutASignal) {
+    std::string file = write("a.rtf", "{\\rtf1\\uc0 " + std::string(2'000'000, 'x') + "\\u1234 }");
+    size_t records = 0;
+    for (int kilobytes = 6'000; kilobytes < 40'000; kilobytes += 500) {
+        std::string script = "ulimit -v " + std::to_string(kilobytes) + R"(; exec "$0" -RTFPath "$1")";
+        ToolResult result = runTool({.arguments = {"-c", script, TEXTTOOL_PROGRAM, file}, .program = "bash"});
+        EXPECT_EQ(result.status, 0) << kilobytes;
+        EXPECT_NE(result.output + result.errors, "") << kilobytes;
+        records += result.output.size() > 4'000'000;
+    }
+    EXPECT_GT(records, 0u);
+}
+#endif
+
 bool hasOpen(pid_t process, const std::string& file) {
     std::error_code error;
     for (const auto& entry : fs::directory_iterator("/proc/" + std::to_string(process) + "/fd", error)) {

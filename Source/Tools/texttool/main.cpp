@@ -12,6 +12,7 @@
 #include "Source/Tools/texttool/Settings.h"
 
 #include <csignal>
+#include <new>
 
 int main(int, const char**) {
     installCrashReporter();
@@ -24,6 +25,8 @@ int main(int, const char**) {
         dispatchRequest();
     } catch (const NSException& exception) {
         NSLog(stringWithFormat("%@: %@", exception.name(), exception.reason()));
+    } catch (const std::bad_alloc&) {
+        NSLog(stringWithFormat("%@: there is not enough memory for the record", NSString(NSMallocException)));
     }
     return 0;
 }
