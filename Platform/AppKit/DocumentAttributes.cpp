@@ -29,6 +29,7 @@ public:
     void words(const char16_t* key, const std::vector<std::u16string>& values) {
         if (values.empty()) return;
         std::vector<NSObject> strings;
+        strings.reserve(values.size());
         for (const std::u16string& value : values) strings.push_back(NSString(value));
         set(key, NSArray(std::move(strings)));
     }
