@@ -3,10 +3,10 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <ctime>
 #include <string>
 #include <sys/time.h>
 #include <syslog.h>
-#include <time.h>
 #include <unistd.h>
 
 namespace {

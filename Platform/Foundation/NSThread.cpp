@@ -6,10 +6,10 @@
 #include "Platform/Foundation/UnicodeText.h"
 
 #include <cstring>
+#include <ctime>
 #include <memory>
 #include <pthread.h>
 #include <sys/prctl.h>
-#include <time.h>
 
 namespace {
 
