@@ -42,15 +42,16 @@ struct DocumentContents {
 };
 
 enum class ReadStatus {
-    read, // the contents hold all that could be read, of a damaged document what stands before the damage
+    read,        // the contents hold all that could be read; of a damaged document, what is not lost
     wrongKind,   // the bytes are not a document of this kind, or nothing at all could be read from them
     locked,      // the document is of this kind and encrypted
     outOfMemory, // the system gave no memory; readers leave this to readGuarded
 };
 
 // A reader. `bytes` lives as long as the call. The reader leaves off when the deadline passes and answers
-// `read` with what it has. Readers do not throw, but for std::bad_alloc; they work in time and memory
-// proportional to the document and never recurse on its depth without a limit.
+// `read` with what it has. Readers do not throw but for want of memory: std::bad_alloc, or std::length_error
+// for a text longer than any string. They work in time and memory proportional to the document and never
+// recurse on its depth without a limit.
 using DocumentReader = ReadStatus (*)(std::string_view bytes, Deadline& deadline, DocumentContents& contents);
 
 ReadStatus readRTF(std::string_view bytes, Deadline& deadline, DocumentContents& contents);

@@ -13,7 +13,9 @@ inline constexpr const char16_t* NSOpenDocumentTextDocumentType = u"NSOpenDocume
 
 inline constexpr const char16_t* NSDocumentTypeDocumentOption = u"DocumentType";
 inline constexpr const char16_t* NSTimeoutDocumentOption = u"Timeout"; // number, seconds; 0 is none
-inline constexpr const char16_t* NSWebPreferencesDocumentOption = u"WebPreferences"; // WebPreferences
+// WebPreferences. No reader asks for them, as none loads or runs anything that a page names: the option is
+// here for what the host hands on.
+inline constexpr const char16_t* NSWebPreferencesDocumentOption = u"WebPreferences";
 
 inline constexpr const char16_t* NSDocumentTypeDocumentAttribute = u"DocumentType"; // string
 inline constexpr const char16_t* NSFileTypeDocumentAttribute = u"UTI";              // string

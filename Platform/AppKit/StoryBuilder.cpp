@@ -10,11 +10,9 @@ void endLastParagraph(std::u16string& text) {
     if (!text.empty() && text.back() != kParagraphEnd) text.push_back(kParagraphEnd);
 }
 
-// Sets `back` behind `front`. The shorter goes into the longer, so that a long text is not copied at every
-// end of the parts it lies in.
+// Sets `back` behind `front`. A text that nothing stands in front of is not copied.
 void join(std::u16string& front, std::u16string&& back) {
-    if (back.size() > front.size()) {
-        back.insert(0, front);
+    if (front.empty()) {
         front = std::move(back);
     } else {
         front += back;

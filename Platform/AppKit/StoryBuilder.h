@@ -1,23 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 //
 // Puts a document's text together in reading order: the main story, each text box after the paragraph that
-// anchors it, then the notes. The rules of this order, and the characters that stand for breaks, are here
-// once for all readers.
+// anchors it, then the notes. The rules of this order are here once for all readers.
 #pragma once
+
+#include "Platform/AppKit/TextCharacters.h"
 
 #include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
-
-constexpr char16_t kParagraphEnd = u'\n';
-constexpr char16_t kLineBreak = u'\u2028';
-constexpr char16_t kPageBreak = u'\f';
-constexpr char16_t kTab = u'\t';
-constexpr char16_t kNoBreakSpace = u'\u00A0';
-constexpr char16_t kNoBreakHyphen = u'\u2011';
-constexpr char16_t kSoftHyphen = u'\u00AD';
-constexpr char16_t kAttachment = u'\uFFFC';
 
 class StoryBuilder {
 public:

@@ -2,7 +2,6 @@
 #include "Platform/AppKit/HTML/HTMLTextWriter.h"
 
 #include "Platform/AppKit/HTML/HTMLCharacters.h"
-#include "Platform/AppKit/StoryBuilder.h"
 #include "Platform/Foundation/UnicodeText.h"
 
 #include <algorithm>
@@ -26,7 +25,7 @@ size_t runLength(std::string_view text) {
 
 // Characters behind which white space adds nothing.
 bool endsLine(char16_t c) {
-    return c == u'\n' || c == u'\r' || c == u'\t' || c == u'\f' || c == u'\u0085' || c == u'\u2028' ||
+    return c == u'\n' || c == u'\r' || c == u'\t' || c == u'\f' || c == u'\u0085' || c == kLineBreak ||
            c == u'\u2029';
 }
 

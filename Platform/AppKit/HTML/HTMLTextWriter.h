@@ -8,6 +8,7 @@
 
 #include "Platform/AppKit/HTML/HTMLListMarker.h"
 #include "Platform/AppKit/HTML/HTMLTextTransform.h"
+#include "Platform/AppKit/TextCharacters.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -67,7 +68,7 @@ private:
     };
 
     char16_t last() const { return text_.empty() ? u'\n' : text_.back(); }
-    bool endsInSoftSpace() const { return soft_ && (last() == u' ' || last() == u'\u2028'); }
+    bool endsInSoftSpace() const { return soft_ && (last() == u' ' || last() == kLineBreak); }
     bool beginsParagraph(size_t position) const;
     void collapsed(std::string_view utf8);
     void changeOwner();

@@ -3,7 +3,7 @@
 
 #include "Platform/AppKit/HTML/HTMLCharacters.h"
 #include "Platform/AppKit/HTML/HTMLTree.h"
-#include "Platform/AppKit/StoryBuilder.h"
+#include "Platform/AppKit/TextCharacters.h"
 
 #include <algorithm>
 #include <charconv>
