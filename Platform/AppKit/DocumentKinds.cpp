@@ -2,6 +2,7 @@
 #include "Platform/AppKit/DocumentKinds.h"
 
 #include "Platform/AppKit/NSDocumentAttributes.h"
+#include "Platform/Foundation/ASCII.h"
 #include "Platform/Foundation/Module.h"
 
 #include <algorithm>
@@ -21,12 +22,6 @@ constexpr DocumentKind kHTML = {NSHTMLTextDocumentType, u"public.html", nullptr,
 
 constexpr const DocumentKind* kKinds[] = {&kPlainText,     &kRTF,          &kRTFD, &kDocFormat,
                                           &kOfficeOpenXML, &kOpenDocument, &kHTML};
-
-bool startsWithIgnoringCase(std::string_view bytes, std::string_view lower) {
-    return bytes.size() >= lower.size() &&
-           std::equal(lower.begin(), lower.end(), bytes.begin(),
-                      [](char l, char c) { return l == (c >= 'A' && c <= 'Z' ? char(c + 32) : c); });
-}
 
 std::string_view withoutLeadingBlanks(std::string_view bytes) {
     if (bytes.substr(0, 3) == "\xEF\xBB\xBF") bytes.remove_prefix(3);

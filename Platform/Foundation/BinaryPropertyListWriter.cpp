@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "Platform/Foundation/ASCII.h"
 #include "Platform/Foundation/BinaryPropertyListFormat.h"
 #include "Platform/Foundation/NSArray.h"
 #include "Platform/Foundation/NSClass.h"
@@ -38,15 +39,6 @@ void appendInteger(std::string& out, uint64_t value, unsigned size) {
 void appendCount(std::string& out, Kind kind, uint64_t count) {
     out.push_back(char(kind << 4 | std::min<uint64_t>(count, kExtendedCount)));
     if (count >= kExtendedCount) appendInteger(out, count, bytesFor(count));
-}
-
-bool isASCII(std::u16string_view text) {
-    for (; !text.empty(); text.remove_prefix(std::min(kBlock, text.size()))) {
-        char16_t all = 0;
-        for (char16_t unit : text.substr(0, kBlock)) all |= unit;
-        if (all >= 0x80) return false;
-    }
-    return true;
 }
 
 void appendASCII(std::string& out, std::u16string_view text) {

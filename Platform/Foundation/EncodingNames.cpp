@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "Platform/Foundation/ASCII.h"
 #include "Platform/Foundation/EncodingNumbers.h"
 
 #include <algorithm>
@@ -159,14 +160,6 @@ constexpr std::array<Name, kNameCount> kSortedNames = [] {
     return sorted;
 }();
 
-constexpr bool isBlank(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
-
-std::string_view withoutBlanks(std::string_view name) {
-    while (!name.empty() && isBlank(name.front())) name.remove_prefix(1);
-    while (!name.empty() && isBlank(name.back())) name.remove_suffix(1);
-    return name;
-}
-
 constexpr size_t kLongestName =
     std::max_element(kSortedNames.begin(), kSortedNames.end(), [](const Name& a, const Name& b) {
         return a.name.size() < b.name.size();
@@ -179,11 +172,10 @@ static_assert(std::adjacent_find(kSortedNames.begin(), kSortedNames.end(), [](co
 } // namespace
 
 NSStringEncoding encodingForIANAName(std::string_view name) {
-    name = withoutBlanks(name);
+    name = trimmed(name, isSpace);
     if (name.size() > kLongestName) return NSNoStringEncoding;
     std::array<char, kLongestName> lower;
-    std::transform(name.begin(), name.end(), lower.begin(),
-                   [](char c) { return c >= 'A' && c <= 'Z' ? char(c - 'A' + 'a') : c; });
+    std::transform(name.begin(), name.end(), lower.begin(), lowered<char>);
     const std::string_view wanted(lower.data(), name.size());
     const auto* row =
         std::lower_bound(kSortedNames.begin(), kSortedNames.end(), Name{wanted, NSNoStringEncoding});

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Foundation/NSGeometry.h"
 
+#include "Platform/Foundation/ASCII.h"
 #include "Platform/Foundation/NumberText.h"
 #include "Platform/Foundation/StringFormat.h"
 
@@ -36,7 +37,7 @@ public:
 bool startsNumber(std::string_view text) {
     size_t i = text[0] == '-' ? 1 : 0;
     if (i < text.size() && text[i] == '.') ++i;
-    return i < text.size() && text[i] >= '0' && text[i] <= '9';
+    return i < text.size() && isDigit(text[i]);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Foundation/NSString.h"
 
+#include "Platform/Foundation/ASCII.h"
 #include "Platform/Foundation/UnicodeText.h"
 
 #include <charconv>
@@ -25,11 +26,9 @@ public:
     const std::u16string text;
 };
 
-bool isDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
-
 std::u16string_view withoutLeadingWhiteSpace(std::u16string_view text) {
     size_t start = 0;
-    while (start < text.size() && (text[start] == u' ' || (text[start] >= 9 && text[start] <= 13))) ++start;
+    while (start < text.size() && isSpace(text[start])) ++start;
     return text.substr(start);
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Foundation/NSURL.h"
 
+#include "Platform/Foundation/ASCII.h"
 #include "Platform/Foundation/NSPathUtilities.h"
 #include "Platform/Foundation/UnicodeText.h"
 
@@ -31,9 +32,6 @@ public:
     const NSString text;
     const NSURL base;
 };
-
-bool isLetter(char16_t c) { return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z'); }
-bool isDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
 
 // The scheme with its colon, or "".
 View schemeOf(View url) {
@@ -113,21 +111,14 @@ std::string percentEscapedPath(std::string_view bytes) {
     static constexpr char digits[] = "0123456789ABCDEF";
     std::string out;
     for (char c : bytes) {
-        auto byte = static_cast<unsigned char>(c);
-        if (byte < 0x80 && (isLetter(byte) || isDigit(byte) || literal.find(c) != std::string_view::npos)) {
+        if (isLetter(c) || isDigit(c) || literal.find(c) != std::string_view::npos) {
             out.push_back(c);
         } else {
+            const auto byte = static_cast<unsigned char>(c);
             out.append({'%', digits[byte >> 4], digits[byte & 15]});
         }
     }
     return out;
-}
-
-int hexDigit(char c) {
-    if (c >= '0' && c <= '9') return c - '0';
-    if (c >= 'a' && c <= 'f') return c - 'a' + 10;
-    if (c >= 'A' && c <= 'F') return c - 'A' + 10;
-    return -1;
 }
 
 std::string percentDecoded(std::string_view text) {

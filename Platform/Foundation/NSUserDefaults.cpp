@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Foundation/NSUserDefaults.h"
 
+#include "Platform/Foundation/ASCII.h"
 #include "Platform/Foundation/NSNumber.h"
 #include "Platform/Foundation/NSProcessInfo.h"
 #include "Platform/Foundation/NSPropertyListSerialization.h"
@@ -13,31 +14,14 @@ namespace {
 
 using View = std::u16string_view;
 
-bool isBlank(char16_t c) { return c == u' ' || (c >= 9 && c <= 13); }
-bool isDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
-
-View trimmed(View text) {
-    while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
-    while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
-    return text;
-}
-
 NSObject argumentValue(const NSString& word) {
-    View text = trimmed(word.text());
+    View text = trimmed(word.text(), isSpace);
     if (text.empty() || View(u"{[(<\"").find(text[0]) == View::npos) return word;
     NSObject list = propertyListWithData(toUTF8(text, LoneSurrogates::threeBytes), nullptr, nullptr);
     return list ? list : NSObject(word);
 }
 
 bool startsWithDash(const NSString& word) { return !word.isEmpty() && word.text()[0] == u'-'; }
-
-std::u16string lowered(View text) {
-    std::u16string out(text);
-    for (char16_t& c : out) {
-        if (c >= u'A' && c <= u'Z') c = char16_t(c + 32);
-    }
-    return out;
-}
 
 bool isWholeNumber(View text) {
     if (!text.empty() && (text[0] == u'-' || text[0] == u'+')) text.remove_prefix(1);

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "Platform/Foundation/ASCII.h"
 #include "Platform/Foundation/NSArray.h"
 #include "Platform/Foundation/NSData.h"
 #include "Platform/Foundation/NSDictionary.h"
@@ -12,23 +13,11 @@ namespace {
 
 using View = std::u16string_view;
 
-bool isSpace(char16_t c) {
-    return (c >= u'\t' && c <= u'\r') || c == u' ' || c == u'\u2028' || c == u'\u2029';
-}
+bool isBlank(char16_t c) { return isSpace(c) || c == u'\u2028' || c == u'\u2029'; }
 bool isQuote(char16_t c) { return c == u'"' || c == u'\''; }
 bool isOctalDigit(char16_t c) { return c >= u'0' && c <= u'7'; }
 
-bool isUnquoted(char16_t c) {
-    return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') || (c >= u'0' && c <= u'9') || c == u'_' ||
-           c == u'$' || c == u'/' || c == u':' || c == u'.' || c == u'-';
-}
-
-int hexValue(char16_t c) {
-    if (c >= u'0' && c <= u'9') return c - u'0';
-    if (c >= u'a' && c <= u'f') return c - u'a' + 10;
-    if (c >= u'A' && c <= u'F') return c - u'A' + 10;
-    return -1;
-}
+bool isUnquoted(char16_t c) { return isLetter(c) || isDigit(c) || View(u"_$/:.-").find(c) != View::npos; }
 
 char16_t NEXTSTEPCharacter(unsigned byte) {
     return byte < 0x80 ? char16_t(byte) : upperHalf(NSNEXTSTEPStringEncoding)[byte - 0x80];
@@ -73,7 +62,7 @@ bool OldStyleParser::take(char16_t c) {
 void OldStyleParser::skipSpaces() {
     while (!isAtEnd()) {
         View start = text_.substr(at_, 2);
-        if (isSpace(start[0])) {
+        if (isBlank(start[0])) {
             ++at_;
         } else if (start == u"//") {
             at_ = std::min(text_.find_first_of(u"\n\r\u2028\u2029", at_), text_.size());
@@ -151,10 +140,10 @@ NSObject OldStyleParser::entries(unsigned depth, char16_t terminator) {
 NSObject OldStyleParser::data() {
     std::string bytes;
     for (;;) {
-        while (!isAtEnd() && isSpace(text_[at_])) ++at_;
+        while (!isAtEnd() && isBlank(text_[at_])) ++at_;
         if (take(u'>')) return NSData(std::move(bytes));
-        int high = isAtEnd() ? -1 : hexValue(text_[at_]);
-        int low = high < 0 || at_ + 1 >= text_.size() ? -1 : hexValue(text_[at_ + 1]);
+        int high = isAtEnd() ? -1 : hexDigit(text_[at_]);
+        int low = high < 0 || at_ + 1 >= text_.size() ? -1 : hexDigit(text_[at_ + 1]);
         if (low < 0) return fail("No pair of hexadecimal digits in data");
         bytes.push_back(char(high << 4 | low));
         at_ += 2;
@@ -198,10 +187,10 @@ void OldStyleParser::escape(std::u16string& out) {
         return;
     }
     ++at_;
-    if (c == u'U' && !isAtEnd() && hexValue(text_[at_]) >= 0) {
+    if (c == u'U' && !isAtEnd() && hexDigit(text_[at_]) >= 0) {
         unsigned unit = 0;
-        for (int i = 0; i < 4 && !isAtEnd() && hexValue(text_[at_]) >= 0; ++i) {
-            unit = unit << 4 | unsigned(hexValue(text_[at_++]));
+        for (int i = 0; i < 4 && !isAtEnd() && hexDigit(text_[at_]) >= 0; ++i) {
+            unit = unit << 4 | unsigned(hexDigit(text_[at_++]));
         }
         out.push_back(char16_t(unit));
         return;

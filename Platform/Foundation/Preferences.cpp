@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Foundation/Preferences.h"
 
+#include "Platform/Foundation/ASCII.h"
 #include "Platform/Foundation/NSData.h"
 #include "Platform/Foundation/NSLog.h"
 #include "Platform/Foundation/NSNumber.h"
@@ -67,23 +68,11 @@ const std::vector<NSDictionary>& listsOfDomain(const NSString& domain) {
     return place->second;
 }
 
-bool equalsIgnoringCase(std::u16string_view text, std::u16string_view lower) {
-    if (text.size() != lower.size()) return false;
-    for (size_t i = 0; i < text.size(); ++i) {
-        char16_t c = text[i] >= u'A' && text[i] <= u'Z' ? char16_t(text[i] + 32) : text[i];
-        if (c != lower[i]) return false;
-    }
-    return true;
-}
-
-bool isDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
-bool isBlank(char16_t c) { return c == u' ' || (c >= 9 && c <= 13); }
-
 // White space, sign, white space, digits and nothing more.
 bool parseInteger(std::u16string_view text, int64_t& value) {
     size_t i = 0;
     auto skipBlanks = [&] {
-        while (i < text.size() && isBlank(text[i])) ++i;
+        while (i < text.size() && isSpace(text[i])) ++i;
     };
     skipBlanks();
     bool negative = i < text.size() && text[i] == u'-';
@@ -116,8 +105,8 @@ bool CFPreferencesGetAppBooleanValue(const NSString& key, const NSString& applic
     NSObject value = CFPreferencesCopyAppValue(key, applicationID);
     const std::u16string& text = as<NSString>(value).text();
     NSNumber number = as<NSNumber>(value);
-    bool isTrue = equalsIgnoringCase(text, u"true") || equalsIgnoringCase(text, u"yes");
-    bool isFalse = equalsIgnoringCase(text, u"false") || equalsIgnoringCase(text, u"no");
+    bool isTrue = equalIgnoringCase(text, u"true") || equalIgnoringCase(text, u"yes");
+    bool isFalse = equalIgnoringCase(text, u"false") || equalIgnoringCase(text, u"no");
     bool isInteger = number && !number.isFloating();
     if (valid) *valid = isTrue || isFalse || isInteger;
     return isTrue || (isInteger && int32_t(number.integerValue()) != 0);

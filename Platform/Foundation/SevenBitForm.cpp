@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Foundation/SevenBitForm.h"
 
+#include "Platform/Foundation/ASCII.h"
+
 #include <algorithm>
 #include <iterator>
 
@@ -11,7 +13,6 @@ constexpr char kEscape = '\x1B';
 constexpr char kShiftOut = '\x0E';
 constexpr char kShiftIn = '\x0F';
 
-bool isASCII(char byte) { return static_cast<unsigned char>(byte) < 0x80; }
 bool isGraphic(char byte) { return byte >= 0x21 && byte <= 0x7E; }
 char highByte(char byte) { return char(byte | 0x80); }
 

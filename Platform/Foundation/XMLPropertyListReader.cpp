@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "Platform/Foundation/ASCII.h"
 #include "Platform/Foundation/NSArray.h"
 #include "Platform/Foundation/NSClass.h"
 #include "Platform/Foundation/NSData.h"
@@ -16,18 +17,9 @@ namespace {
 
 using View = std::u16string_view;
 
-bool isSpace(char16_t c) { return c == u' ' || (c >= u'\t' && c <= u'\r'); }
-bool isDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
-
 View withoutLeadingSpaces(View text) {
     while (!text.empty() && isSpace(text[0])) text.remove_prefix(1);
     return text;
-}
-
-unsigned digitValue(char16_t c) {
-    if (isDigit(c)) return c - u'0';
-    char16_t lower = char16_t(c | 0x20);
-    return lower >= u'a' && lower <= u'f' ? lower - u'a' + 10u : 16u;
 }
 
 // White space, sign, white space, digits or "0x" and hexadecimal digits; nil for anything else.
@@ -35,23 +27,18 @@ NSNumber integerNumber(View text) {
     text = withoutLeadingSpaces(text);
     const bool isNegative = !text.empty() && text[0] == u'-';
     if (!text.empty() && (text[0] == u'-' || text[0] == u'+')) text = withoutLeadingSpaces(text.substr(1));
-    const bool isHex = text.size() >= 2 && text[0] == u'0' && (text[1] | 0x20) == u'x';
+    const bool isHex = text.size() >= 2 && text[0] == u'0' && lowered(text[1]) == u'x';
     if (isHex) text.remove_prefix(2);
     const uint64_t base = isHex ? 16 : 10;
     const uint64_t limit = isNegative ? uint64_t(1) << 63 : UINT64_MAX;
     if (text.empty()) return {};
     uint64_t value = 0;
     for (char16_t c : text) {
-        uint64_t digit = digitValue(c);
-        if (digit >= base || value > (limit - digit) / base) return {};
-        value = value * base + digit;
+        const int digit = hexDigit(c);
+        if (digit < 0 || uint64_t(digit) >= base || value > (limit - uint64_t(digit)) / base) return {};
+        value = value * base + uint64_t(digit);
     }
     return isNegative ? NSNumber::withInteger(int64_t(0 - value)) : NSNumber::withUnsignedInteger(value);
-}
-
-bool isWord(View text, std::string_view word) {
-    return std::equal(text.begin(), text.end(), word.begin(), word.end(),
-                      [](char16_t c, char w) { return (c >= u'A' && c <= u'Z' ? c + 32 : c) == w; });
 }
 
 // A decimal number, all of it and in the range of numbers; nil for anything else.
@@ -59,7 +46,7 @@ NSNumber decimalNumber(View text) {
     if (!text.empty() && text[0] == u'+') text.remove_prefix(1);
     std::string digits;
     for (char16_t c : text) {
-        if (!isDigit(c) && c != u'.' && (c | 0x20) != u'e' && c != u'+' && c != u'-') return {};
+        if (!isDigit(c) && c != u'.' && lowered(c) != u'e' && c != u'+' && c != u'-') return {};
         digits.push_back(char(c));
     }
     double value = 0;
@@ -70,9 +57,11 @@ NSNumber decimalNumber(View text) {
 
 NSNumber realNumber(View text) {
     constexpr double infinity = std::numeric_limits<double>::infinity();
-    if (isWord(text, "nan")) return NSNumber::withDouble(std::numeric_limits<double>::quiet_NaN());
-    if (isWord(text, "infinity") || isWord(text, "+infinity")) return NSNumber::withDouble(infinity);
-    if (isWord(text, "-infinity")) return NSNumber::withDouble(-infinity);
+    if (equalIgnoringCase(text, u"nan"))
+        return NSNumber::withDouble(std::numeric_limits<double>::quiet_NaN());
+    if (equalIgnoringCase(text, u"infinity") || equalIgnoringCase(text, u"+infinity"))
+        return NSNumber::withDouble(infinity);
+    if (equalIgnoringCase(text, u"-infinity")) return NSNumber::withDouble(-infinity);
     return decimalNumber(text);
 }
 

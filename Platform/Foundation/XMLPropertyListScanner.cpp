@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Foundation/XMLPropertyListScanner.h"
 
+#include "Platform/Foundation/ASCII.h"
 #include "Platform/Foundation/PropertyListFormats.h"
 #include "Platform/Foundation/StringFormat.h"
 #include "Platform/Foundation/UnicodeText.h"
@@ -13,7 +14,6 @@ using View = std::u16string_view;
 
 constexpr View kCDATAStart = u"<![CDATA[", kCDATAEnd = u"]]>";
 
-bool isSpace(char16_t c) { return c == u' ' || (c >= u'\t' && c <= u'\r'); }
 bool isQuote(char16_t c) { return c == u'"' || c == u'\''; }
 
 struct Entity {

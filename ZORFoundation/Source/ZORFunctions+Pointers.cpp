@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "Platform/Foundation/ASCII.h"
 #include "Platform/Foundation/NSClass.h"
 #include "Platform/Foundation/NSGeometry.h"
 #include "ZORFoundation/Source/ZORFunctions.h"
 
+#include <algorithm>
 #include <cstring>
 #include <string_view>
 
@@ -32,7 +34,7 @@ bool isCharacterArray(std::string_view encoding) {
     if (encoding.size() < 4 || encoding.front() != '[' || encoding.substr(encoding.size() - 2) != "c]")
         return false;
     std::string_view digits = encoding.substr(1, encoding.size() - 3);
-    return digits.find_first_not_of("0123456789") == std::string_view::npos;
+    return std::all_of(digits.begin(), digits.end(), isDigit);
 }
 
 struct Encoding {

@@ -1,38 +1,18 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// ASCII as HTML and CSS see it: their white space, and names that are compared without regard to case.
+// Characters, words and names as HTML and CSS see them.
 #pragma once
+
+#include "Platform/Foundation/ASCII.h"
 
 #include <algorithm>
 #include <cstddef>
 #include <string_view>
 
 // SPACE, TAB, LF, FF and CR.
-constexpr bool isHTMLSpace(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\f' || c == '\r'; }
+constexpr bool isHTMLSpace(char32_t c) { return isXMLSpace(c) || c == U'\f'; }
 
-constexpr char lowerASCII(char c) { return c >= 'A' && c <= 'Z' ? char(c + ('a' - 'A')) : c; }
-
-constexpr bool isASCIILetter(char c) { return lowerASCII(c) >= 'a' && lowerASCII(c) <= 'z'; }
-
-constexpr bool isASCIIDigit(char c) { return c >= '0' && c <= '9'; }
-
-constexpr bool equalIgnoringCase(std::string_view a, std::string_view b) {
-    if (a.size() != b.size()) return false;
-    for (size_t i = 0; i < a.size(); ++i) {
-        if (lowerASCII(a[i]) != lowerASCII(b[i])) return false;
-    }
-    return true;
-}
-
-constexpr bool startsWithIgnoringCase(std::string_view text, std::string_view start) {
-    return text.size() >= start.size() && equalIgnoringCase(text.substr(0, start.size()), start);
-}
-
-constexpr std::string_view trimmed(std::string_view text) {
-    while (!text.empty() && isHTMLSpace(text.front())) text.remove_prefix(1);
-    while (!text.empty() && isHTMLSpace(text.back())) text.remove_suffix(1);
-    return text;
-}
+constexpr std::string_view trimmed(std::string_view text) { return trimmed(text, isHTMLSpace); }
 
 // Takes the first word, a run of other than white space, off a text; empty when there is none left.
 constexpr std::string_view takeWord(std::string_view& text) {
@@ -46,8 +26,7 @@ constexpr std::string_view takeWord(std::string_view& text) {
 
 // Characters of the names that CSS gives to elements, classes and properties; escapes are not among them.
 constexpr bool isStyleNameCharacter(char c) {
-    return isASCIILetter(c) || isASCIIDigit(c) || c == '-' || c == '_' ||
-           static_cast<unsigned char>(c) >= 0x80;
+    return isLetter(c) || isDigit(c) || c == '-' || c == '_' || !isASCII(c);
 }
 
 // Takes such a name off the start of a text; empty when there is none.
@@ -73,6 +52,6 @@ constexpr bool hasWord(std::string_view text, std::string_view word) {
 inline size_t findIgnoringCase(std::string_view text, std::string_view needle, size_t from) {
     const auto found =
         std::search(text.begin() + std::ptrdiff_t(std::min(from, text.size())), text.end(), needle.begin(),
-                    needle.end(), [](char a, char b) { return lowerASCII(a) == b; });
+                    needle.end(), [](char a, char b) { return lowered(a) == b; });
     return found == text.end() ? std::string_view::npos : size_t(found - text.begin());
 }

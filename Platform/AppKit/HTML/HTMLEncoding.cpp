@@ -3,6 +3,7 @@
 
 #include "Platform/AppKit/HTML/HTMLCharacters.h"
 #include "Platform/AppKit/HTML/HTMLTagScanner.h"
+#include "Platform/Foundation/ASCII.h"
 #include "Platform/Foundation/UnicodeText.h"
 
 #include <optional>
@@ -119,12 +120,6 @@ std::optional<NSStringEncoding> encodingOfXMLDeclaration(std::string_view bytes)
     const size_t end = rest.find(rest.front(), 1);
     if (end == std::string_view::npos) return std::nullopt;
     return declaredEncoding(rest.substr(1, end - 1));
-}
-
-bool isASCII(std::string_view bytes) {
-    unsigned char seen = 0;
-    for (char byte : bytes) seen = static_cast<unsigned char>(seen | static_cast<unsigned char>(byte));
-    return seen < 0x80;
 }
 
 // Encodings of one byte a character go straight to UTF-8; they are most of what is not UTF-8 from the start.

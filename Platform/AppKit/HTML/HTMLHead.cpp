@@ -41,7 +41,7 @@ std::optional<DocumentTime> timeFrom(std::string_view text) {
     constexpr std::string_view kPattern = "dddd-dd-ddTdd:dd:ddZ";
     if (text.size() != kPattern.size()) return std::nullopt;
     for (size_t i = 0; i < kPattern.size(); ++i) {
-        if (kPattern[i] == 'd' ? !isASCIIDigit(text[i]) : text[i] != kPattern[i]) return std::nullopt;
+        if (kPattern[i] == 'd' ? !isDigit(text[i]) : text[i] != kPattern[i]) return std::nullopt;
     }
     auto number = [text](size_t begin, size_t length) {
         int value = 0;

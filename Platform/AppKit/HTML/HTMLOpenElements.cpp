@@ -15,7 +15,7 @@ constexpr size_t kAdoptionRounds = 8;
 
 uint32_t HTMLOpenElements::identityOf(std::string_view text) {
     uint32_t hash = 2166136261u;
-    for (char c : text) hash = (hash ^ static_cast<unsigned char>(lowerASCII(c))) * 16777619u;
+    for (char c : text) hash = (hash ^ static_cast<unsigned char>(lowered(c))) * 16777619u;
     return hash;
 }
 

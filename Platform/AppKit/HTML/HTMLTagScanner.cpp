@@ -50,7 +50,7 @@ bool HTMLTagScanner::nextTag(HTMLTag& tag) {
         position_ = open;
         const bool isEnd = source_[open + 1] == '/';
         const size_t nameBegin = open + 1 + (isEnd ? 1 : 0);
-        if (nameBegin < source_.size() && isASCIILetter(source_[nameBegin])) {
+        if (nameBegin < source_.size() && isLetter(source_[nameBegin])) {
             position_ = nameBegin;
             while (!atEnd() && !endsName(current())) ++position_;
             tag = {isEnd, source_.substr(nameBegin, position_ - nameBegin), open};

@@ -2,6 +2,7 @@
 #include "Platform/AppKit/OfficeOpenXML/PropertiesPart.h"
 
 #include "Platform/AppKit/OpenDocument/Values.h"
+#include "Platform/Foundation/ASCII.h"
 #include "Platform/Foundation/UnicodeText.h"
 
 #include <algorithm>
@@ -16,7 +17,7 @@ std::vector<std::u16string> splitKeywords(std::string_view text) {
     std::vector<std::u16string> keywords;
     while (!text.empty()) {
         size_t end = std::min(text.find_first_of(",;"), text.size());
-        std::string_view keyword = OpenDocument::trimmed(text.substr(0, end));
+        std::string_view keyword = trimmed(text.substr(0, end), isXMLSpace);
         if (!keyword.empty()) keywords.push_back(fromUTF8(keyword));
         text.remove_prefix(std::min(end + 1, text.size()));
     }
@@ -45,7 +46,7 @@ protected:
     void end(Element element) override {
         if (element == Element::other) return;
         isInProperty_ = false;
-        std::string_view text = OpenDocument::trimmed(text_);
+        std::string_view text = trimmed(text_, isXMLSpace);
         switch (element) {
         case Element::title: info_.title = fromUTF8(text); break;
         case Element::creator: info_.author = fromUTF8(text); break;

@@ -1,19 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/AppKit/OfficeOpenXML/RelationshipsPart.h"
 
+#include "Platform/Foundation/ASCII.h"
+
 #include <algorithm>
 
 namespace OfficeOpenXML {
 
 namespace {
-
-std::string lower(std::string_view text) {
-    std::string result(text);
-    for (char& c : result) {
-        if (c >= 'A' && c <= 'Z') c = char(c - 'A' + 'a');
-    }
-    return result;
-}
 
 // The folder of a part, "" or ending in a slash.
 std::string_view folderOf(std::string_view part) { return part.substr(0, part.rfind('/') + 1); }
@@ -51,7 +45,7 @@ protected:
             return true;
         std::string_view type = attributes.value(0, "Type");
         relationships_.emplace(attributes.value(0, "Id"),
-                               Relationship{lower(type.substr(type.rfind('/') + 1)),
+                               Relationship{lowered(type.substr(type.rfind('/') + 1)),
                                             resolve(folder_, attributes.value(0, "Target"))});
         return true;
     }
@@ -72,7 +66,7 @@ RelationshipsPart::RelationshipsPart(const ZipPackage& package, std::string_view
 std::string RelationshipsPart::partOfKind(std::string_view kind) const {
     auto found = std::find_if(
         relationships_.begin(), relationships_.end(),
-        [wanted = lower(kind)](const auto& relationship) { return relationship.second.type == wanted; });
+        [wanted = lowered(kind)](const auto& relationship) { return relationship.second.type == wanted; });
     return found == relationships_.end() ? std::string() : found->second.part;
 }
 

@@ -2,20 +2,13 @@
 #include "Platform/AppKit/OfficeOpenXML/StoryHandler.h"
 
 #include "Platform/AppKit/OfficeOpenXML/SymbolFonts.h"
+#include "Platform/Foundation/ASCII.h"
 #include "Platform/Foundation/UnicodeText.h"
 
 #include <algorithm>
 #include <charconv>
 
 namespace OfficeOpenXML {
-
-namespace {
-
-constexpr std::string_view kSpace = " \t\r\n";
-
-bool isSpace(char16_t c) { return c == u' ' || c == u'\t' || c == u'\r' || c == u'\n'; }
-
-} // namespace
 
 bool StoryHandler::isVisible() const {
     if (instructions_ > 0) return false;
@@ -178,7 +171,7 @@ void StoryHandler::characters(std::string_view utf8) {
     std::u16string& story = story_.current();
     size_t before = story.size();
     if (before == text_.start && !text_.preservesSpace)
-        utf8.remove_prefix(std::min(utf8.find_first_not_of(kSpace), utf8.size()));
+        while (!utf8.empty() && isXMLSpace(utf8.front())) utf8.remove_prefix(1);
     appendUTF8(story, utf8);
     for (size_t i = before; i < story.size(); ++i) {
         if (story[i] == u'\n' || story[i] == u'\r') story[i] = u' ';
@@ -190,7 +183,7 @@ void StoryHandler::endText() {
     text_.isOpen = false;
     std::u16string& story = story_.current();
     if (!text_.preservesSpace) {
-        while (story.size() > text_.start && isSpace(story.back())) story.pop_back();
+        while (story.size() > text_.start && isXMLSpace(story.back())) story.pop_back();
     }
     if (story.size() > text_.start) noteText();
 }

@@ -2,6 +2,7 @@
 #include "Platform/AppKit/OpenDocument/BodySection.h"
 
 #include "Platform/AppKit/OpenDocument/Values.h"
+#include "Platform/Foundation/ASCII.h"
 #include "Platform/Foundation/UnicodeText.h"
 
 #include <algorithm>
@@ -14,14 +15,12 @@ namespace {
 // A count of spaces in one element is a number that costs a hostile document nothing.
 constexpr int kSpacesLimit = 1000;
 
-bool isSpace(char c) { return c == ' ' || c == '\n' || c == '\t' || c == '\r'; }
-
 // The length of the text up to white space that collapses: single spaces between words stand as they are.
 size_t lengthOfPlainRun(std::string_view text) {
     size_t i = 0;
     for (; i < text.size(); ++i) {
-        if (!isSpace(text[i])) continue;
-        if (text[i] != ' ' || i + 1 == text.size() || isSpace(text[i + 1])) break;
+        if (!isXMLSpace(text[i])) continue;
+        if (text[i] != ' ' || i + 1 == text.size() || isXMLSpace(text[i + 1])) break;
     }
     return i;
 }
@@ -204,7 +203,7 @@ void BodySection::appendUnits(char16_t unit, size_t count) {
 void BodySection::characters(std::string_view utf8) {
     if (isSilent()) return;
     while (!utf8.empty()) {
-        if (isSpace(utf8.front())) {
+        if (isXMLSpace(utf8.front())) {
             flow_.spaceWaits = !flow_.atStart;
             utf8.remove_prefix(1);
             continue;

@@ -2,19 +2,12 @@
 #include "Platform/AppKit/OpenDocument/MetaSection.h"
 
 #include "Platform/AppKit/OpenDocument/Values.h"
+#include "Platform/Foundation/ASCII.h"
 #include "Platform/Foundation/UnicodeText.h"
-
-#include <algorithm>
 
 namespace OpenDocument {
 
 namespace {
-
-bool equalsIgnoringCase(std::string_view a, std::string_view b) {
-    auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? char(c + 32) : c; };
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [&](char x, char y) { return lower(x) == lower(y); });
-}
 
 // The format has no elements for these; writers keep them under their names among the user's own.
 struct UserDefined {
@@ -35,13 +28,13 @@ bool MetaSection::start(Element element, const XMLAttributes& attributes) {
     if (element != Element::userDefined) return true;
     std::string_view name = attributes.value(kMeta, "name");
     for (const UserDefined& known : kUserDefined) {
-        if (equalsIgnoringCase(name, known.name)) userDefined_ = &(info_.*known.field);
+        if (equalIgnoringCase(name, known.name)) userDefined_ = &(info_.*known.field);
     }
     return userDefined_ != nullptr;
 }
 
 void MetaSection::end(Element element) {
-    take(element, trimmed(value_));
+    take(element, trimmed(value_, isXMLSpace));
     value_.clear();
 }
 

@@ -9,6 +9,7 @@
 #include "Platform/AppKit/OpenDocument/StyleSection.h"
 #include "Platform/AppKit/OpenDocument/Values.h"
 #include "Platform/AppKit/Package/ZipPackage.h"
+#include "Platform/Foundation/ASCII.h"
 
 #include <algorithm>
 #include <string>
@@ -24,7 +25,7 @@ enum class Kind { text, foreign, unknown };
 
 Kind kindOfMediaType(std::string_view type) {
     auto starts = [&](std::string_view prefix) { return type.starts_with(prefix); };
-    type = trimmed(type);
+    type = trimmed(type, isXMLSpace);
     if (starts("application/vnd.oasis.opendocument.text") || starts("application/vnd.sun.xml.writer"))
         return Kind::text;
     if (starts("application/vnd.oasis.opendocument.") || starts("application/vnd.sun.xml."))

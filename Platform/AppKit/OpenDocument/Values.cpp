@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/AppKit/OpenDocument/Values.h"
 
+#include "Platform/Foundation/ASCII.h"
+
 #include <algorithm>
 #include <charconv>
 #include <chrono>
@@ -26,7 +28,7 @@ bool takeDigits(std::string_view& text, size_t digits, int& value) {
     if (text.size() < digits) return false;
     value = 0;
     for (char c : text.substr(0, digits)) {
-        if (c < '0' || c > '9') return false;
+        if (!isDigit(c)) return false;
         value = value * 10 + (c - '0');
     }
     text.remove_prefix(digits);
@@ -75,15 +77,8 @@ std::optional<int> takeZone(std::string_view& text) {
 
 } // namespace
 
-std::string_view trimmed(std::string_view text) {
-    constexpr std::string_view kSpace = " \t\r\n";
-    size_t first = text.find_first_not_of(kSpace);
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(kSpace) - first + 1);
-}
-
 std::optional<int> integerValue(std::string_view text) {
-    text = trimmed(text);
+    text = trimmed(text, isXMLSpace);
     long long value = 0;
     auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
     if (end != text.data() + text.size() || error == std::errc::invalid_argument) return std::nullopt;
@@ -92,11 +87,11 @@ std::optional<int> integerValue(std::string_view text) {
 }
 
 std::optional<double> lengthValue(std::string_view text) {
-    text = trimmed(text);
+    text = trimmed(text, isXMLSpace);
     double number = 0;
     auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
     if (error != std::errc() || !(std::abs(number) <= kLargest)) return std::nullopt;
-    std::string_view unit = trimmed(text.substr(size_t(end - text.data())));
+    std::string_view unit = trimmed(text.substr(size_t(end - text.data())), isXMLSpace);
     auto found =
         std::find_if(std::begin(kUnits), std::end(kUnits), [&](const Unit& u) { return u.name == unit; });
     if (found == std::end(kUnits)) return std::nullopt;
@@ -105,7 +100,7 @@ std::optional<double> lengthValue(std::string_view text) {
 
 std::optional<DocumentTime> timeValue(std::string_view text) {
     using namespace std::chrono;
-    text = trimmed(text);
+    text = trimmed(text, isXMLSpace);
     int y = 0, m = 0, d = 0;
     if (!takeDigits(text, 4, y) || !take(text, '-') || !takeDigits(text, 2, m) || !take(text, '-') ||
         !takeDigits(text, 2, d)) {

@@ -19,7 +19,4 @@ std::optional<double> lengthValue(std::string_view text);
 // A date or a date and time of ISO 8601. One that names no time zone is local time, as writers mean it.
 std::optional<DocumentTime> timeValue(std::string_view text);
 
-// Without white space of XML at either end.
-std::string_view trimmed(std::string_view text);
-
 } // namespace OpenDocument

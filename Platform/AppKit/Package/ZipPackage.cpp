@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/AppKit/Package/ZipPackage.h"
 
+#include "Platform/Foundation/ASCII.h"
+
 #include <algorithm>
 #include <memory>
 #include <new>
@@ -45,11 +47,8 @@ bool hasSignature(std::string_view bytes, uint64_t at, std::string_view signatur
 }
 
 std::string fold(std::string_view name) {
-    std::string folded(name);
-    for (char& c : folded) {
-        if (c == '\\') c = '/';
-        if (c >= 'A' && c <= 'Z') c = char(c - 'A' + 'a');
-    }
+    std::string folded = lowered(name);
+    std::replace(folded.begin(), folded.end(), '\\', '/');
     return folded.erase(0, std::min(folded.find_first_not_of('/'), folded.size()));
 }
 

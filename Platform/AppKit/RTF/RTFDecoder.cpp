@@ -2,6 +2,7 @@
 #include "Platform/AppKit/RTF/RTFDecoder.h"
 
 #include "Platform/AppKit/RTF/RTFFonts.h"
+#include "Platform/Foundation/ASCII.h"
 
 #include <algorithm>
 #include <array>
@@ -9,19 +10,6 @@
 #include <cstring>
 
 namespace {
-
-constexpr size_t kWord = sizeof(uint64_t);
-
-bool isASCII(std::string_view bytes) {
-    uint64_t seen = 0;
-    for (; bytes.size() >= kWord; bytes.remove_prefix(kWord)) {
-        uint64_t word;
-        std::memcpy(&word, bytes.data(), kWord);
-        seen |= word;
-    }
-    for (char c : bytes) seen |= static_cast<unsigned char>(c);
-    return (seen & 0x8080808080808080u) == 0;
-}
 
 // Appends a unit for each byte, by way of the stack, so that the string is never filled before it is written.
 template <typename UnitOfByte>

@@ -2,12 +2,13 @@
 //
 // The destinations of RTF: what becomes of the text of a group, and what its end brings about.
 #include "Platform/AppKit/RTF/RTFReader.h"
+#include "Platform/Foundation/ASCII.h"
 
 #include <utility>
 
 namespace {
 
-constexpr std::u16string_view kBlanks = u"\t ";
+bool isBlank(char32_t c) { return c == kTab || c == u' '; }
 
 } // namespace
 
@@ -119,8 +120,6 @@ void RTFReader::endListMarker() {
         story_.append(gathered_);
         return;
     }
-    const size_t first = gathered_.find_first_not_of(kBlanks);
-    if (first == gathered_.npos) return;
-    const size_t last = gathered_.find_last_not_of(kBlanks);
-    story_.listMarker(std::u16string_view(gathered_).substr(first, last - first + 1));
+    const std::u16string_view marker = trimmed(gathered_, isBlank);
+    if (!marker.empty()) story_.listMarker(marker);
 }

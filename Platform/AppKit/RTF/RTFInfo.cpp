@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/AppKit/RTF/RTFInfo.h"
 
+#include "Platform/AppKit/TextCharacters.h"
+#include "Platform/Foundation/ASCII.h"
+
 #include <algorithm>
 #include <ctime>
 #include <string_view>
@@ -19,18 +22,13 @@ constexpr int32_t kPageLayoutView = 1;
 // Of 2001-01-01 00:00:00 UTC, in seconds since 1970.
 constexpr double kReferenceTime = 978307200;
 
-std::u16string_view trimmed(std::u16string_view text) {
-    constexpr std::u16string_view kBlanks = u" \t\r\n\u00A0";
-    size_t first = text.find_first_not_of(kBlanks);
-    if (first == text.npos) return {};
-    return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
-}
+bool isBlank(char32_t c) { return isXMLSpace(c) || c == kNoBreakSpace; }
 
 std::vector<std::u16string> splitKeywords(std::u16string_view text) {
     std::vector<std::u16string> keywords;
     while (!text.empty() && keywords.size() < RTFInfo::kKeywordLimit) {
         size_t comma = std::min(text.find(u','), text.size());
-        std::u16string_view keyword = trimmed(text.substr(0, comma));
+        std::u16string_view keyword = trimmed(text.substr(0, comma), isBlank);
         if (!keyword.empty()) keywords.emplace_back(keyword);
         text.remove_prefix(std::min(comma + 1, text.size()));
     }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/AppKit/RTF/RTFTokenizer.h"
 
+#include "Platform/Foundation/ASCII.h"
+
 #include <algorithm>
 #include <array>
 #include <limits>
@@ -17,17 +19,6 @@ constexpr std::array<bool, 256> makeSpecials() {
 constexpr std::array<bool, 256> kSpecials = makeSpecials();
 
 constexpr bool isSpecial(char c) { return kSpecials[static_cast<unsigned char>(c)]; }
-
-constexpr bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
-
-constexpr bool isDigit(char c) { return c >= '0' && c <= '9'; }
-
-constexpr int hexDigit(char c) {
-    if (isDigit(c)) return c - '0';
-    if (c >= 'a' && c <= 'f') return c - 'a' + 10;
-    if (c >= 'A' && c <= 'F') return c - 'A' + 10;
-    return -1;
-}
 
 } // namespace
 

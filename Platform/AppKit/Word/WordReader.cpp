@@ -10,6 +10,7 @@
 #include "Platform/AppKit/Word/PropertySet.h"
 #include "Platform/AppKit/Word/Streams.h"
 #include "Platform/AppKit/Word/TextReader.h"
+#include "Platform/Foundation/ASCII.h"
 
 #include <cstdlib>
 
@@ -19,15 +20,11 @@ namespace {
 
 constexpr double kTwipsInPoint = 20;
 
-bool isBlank(char16_t unit) { return unit == u' ' || unit == u'\t' || unit == u'\r' || unit == u'\n'; }
-
 std::vector<std::u16string> splitKeywords(std::u16string_view text) {
     std::vector<std::u16string> keywords;
     for (size_t begin = 0; begin <= text.size();) {
         size_t end = std::min(text.find_first_of(u",;", begin), text.size());
-        std::u16string_view keyword = text.substr(begin, end - begin);
-        while (!keyword.empty() && isBlank(keyword.front())) keyword.remove_prefix(1);
-        while (!keyword.empty() && isBlank(keyword.back())) keyword.remove_suffix(1);
+        std::u16string_view keyword = trimmed(text.substr(begin, end - begin), isXMLSpace);
         if (!keyword.empty()) keywords.emplace_back(keyword);
         begin = end + 1;
     }
