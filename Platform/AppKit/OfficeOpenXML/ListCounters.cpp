@@ -41,7 +41,7 @@ std::u16string ListCounters::nextMarker(int listID, int levelIndex) {
     if (level == nullptr) return {};
     Numbers& numbers = numbers_[list->abstractID];
     advance(numbers, *list, listID, *level);
-    if (level->format.isBullet()) return level->text;
+    if (level->isBullet) return level->text;
 
     std::u16string marker;
     for (size_t i = 0; i < level->text.size(); ++i) {
@@ -55,7 +55,7 @@ std::u16string ListCounters::nextMarker(int listID, int levelIndex) {
         const ListLevel* shownLevel = lists_.level(*list, shown);
         if (shownLevel == nullptr) continue;
         int number = numbers[size_t(shown)].value_or(shownLevel->start);
-        (level->isLegal ? NumberFormat() : shownLevel->format).append(marker, number);
+        appendNumber(marker, number, level->isLegal ? NumberFormat() : shownLevel->format);
     }
     return marker;
 }

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/AppKit/OfficeOpenXML/NumberingPart.h"
 
-#include "Platform/AppKit/OfficeOpenXML/SymbolFonts.h"
+#include "Platform/AppKit/OfficeOpenXML/NumberFormatNames.h"
+#include "Platform/AppKit/SymbolFont.h"
 #include "Platform/Foundation/UnicodeText.h"
 
 #include <algorithm>
@@ -105,7 +106,10 @@ bool NumberingPart::Handler::startLevel(const XMLAttributes& attributes) {
 void NumberingPart::Handler::readLevelProperty(Element element, const XMLAttributes& attributes) {
     switch (element) {
     case Element::start: level_->start = startValue(attributes); break;
-    case Element::numberFormat: level_->format = NumberFormat(value(attributes)); break;
+    case Element::numberFormat:
+        level_->format = numberFormatNamed(value(attributes));
+        level_->isBullet = value(attributes) == "bullet";
+        break;
     case Element::levelText: level_->text = fromUTF8(value(attributes).substr(0, kLongestText)); break;
     case Element::levelRestart: level_->restartedBy = numberValue(value(attributes)); break;
     case Element::legalNumbering: level_->isLegal = isOn(attributes); break;
@@ -118,8 +122,9 @@ void NumberingPart::Handler::readLevelProperty(Element element, const XMLAttribu
 void NumberingPart::Handler::end(Element element) {
     if (element == Element::levelOverride) overridden_.reset();
     if (element != Element::level || !level_) return;
-    if (level_->format.isBullet() && isSymbolFont(font_)) {
-        for (char16_t& c : level_->text) c = symbolCharacter(font_, c);
+    if (level_->isBullet) {
+        const SymbolFont font = symbolFontNamed(fromUTF8(font_));
+        for (char16_t& c : level_->text) c = signOf(font, c);
     }
     if (abstract_ != nullptr)
         itemWithIndex(abstract_->levels, level_->index) = std::move(*level_);

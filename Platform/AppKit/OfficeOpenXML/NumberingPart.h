@@ -4,7 +4,7 @@
 // them.
 #pragma once
 
-#include "Platform/AppKit/OfficeOpenXML/NumberFormat.h"
+#include "Platform/AppKit/NumberFormat.h"
 #include "Platform/AppKit/OfficeOpenXML/Part.h"
 #include "Platform/AppKit/OfficeOpenXML/StylesPart.h"
 
@@ -20,7 +20,8 @@ struct ListLevel {
     int index = 0; // from 0
     int start = 0;
     NumberFormat format;
-    std::u16string text; // with %1 to %9 for the numbers of the levels
+    bool isBullet = false; // the text stands without numbers
+    std::u16string text;   // with %1 to %9 for the numbers of the levels
     std::optional<int>
         restartedBy;            // 0: never; n: by items of the levels before n, from 1; else by any before
     bool isLegal = false;       // all numbers are written as decimals

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/AppKit/OfficeOpenXML/StoryHandler.h"
 
-#include "Platform/AppKit/OfficeOpenXML/SymbolFonts.h"
+#include "Platform/AppKit/SymbolFont.h"
 #include "Platform/Foundation/ASCII.h"
 #include "Platform/Foundation/UnicodeText.h"
 
@@ -205,7 +205,7 @@ void StoryHandler::appendSymbol(const XMLAttributes& attributes) {
     uint16_t code = 0;
     auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), code, 16);
     if (error == std::errc() && code >= 0x20 && !isSurrogate(code))
-        append(symbolCharacter(attributes.value(kWord, "font"), char16_t(code)));
+        append(signOf(symbolFontNamed(fromUTF8(attributes.value(kWord, "font"))), char16_t(code)));
 }
 
 void StoryHandler::startNoteReference(Element element, const XMLAttributes& attributes) {

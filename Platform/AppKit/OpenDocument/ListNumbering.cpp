@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/AppKit/OpenDocument/ListNumbering.h"
 
-#include "Platform/AppKit/OpenDocument/NumberFormat.h"
-
 #include <algorithm>
 
 namespace OpenDocument {
@@ -125,7 +123,7 @@ std::u16string ListNumbering::headingMarker(int level, bool restarts, std::optio
     if (restarts) outline_.numbers[index].reset();
     outline_.advance(index, start, &style);
     // A level that shows no number shows nothing.
-    return style.levels[index].format == 0 ? std::u16string() : marker(style, outline_, index);
+    return !style.levels[index].showsNumber() ? std::u16string() : marker(style, outline_, index);
 }
 
 std::u16string ListNumbering::marker(const ListStyle& style, const Sequence& sequence, size_t level) {
@@ -136,12 +134,12 @@ std::u16string ListNumbering::marker(const ListStyle& style, const Sequence& seq
 
     size_t count = size_t(std::clamp(shown.displayLevels, 1, int(level) + 1));
     bool isFirst = true;
-    for (size_t i = level + 1 - count; i <= level && shown.format != 0; ++i) {
+    for (size_t i = level + 1 - count; i <= level && shown.showsNumber(); ++i) {
         const ListLevel& part = style.levels[i];
-        if (part.kind != ListLevel::Kind::number || part.format == 0) continue;
+        if (part.kind != ListLevel::Kind::number || !part.showsNumber()) continue;
         if (!isFirst) text += u'.';
         isFirst = false;
-        appendNumber(text, sequence.numbers[i].value_or(part.start), part.format, part.lettersRepeat);
+        appendNumber(text, sequence.numbers[i].value_or(part.start), part.format);
     }
     return text + shown.suffix;
 }

@@ -4,6 +4,8 @@
 // them have been read; those of a later part (automatic styles) replace earlier ones of the same name.
 #pragma once
 
+#include "Platform/AppKit/NumberFormat.h"
+
 #include <array>
 #include <cstdint>
 #include <functional>
@@ -31,10 +33,11 @@ struct ParagraphLook {
 struct ListLevel {
     enum class Kind : uint8_t { undefined, bullet, number };
     Kind kind = Kind::undefined;
-    bool lettersRepeat = false; // aa, bb after z instead of aa, ab
-    char16_t format = 0;        // '1', 'a', 'A', 'i' or 'I'; 0: the number is not shown
+    NumberFormat format = {NumberFormat::Kind::none};
     int displayLevels = 1, start = 1;
     std::u16string prefix, bullet, suffix;
+
+    bool showsNumber() const { return format.kind != NumberFormat::Kind::none; }
 };
 
 struct ListStyle {

@@ -8,11 +8,19 @@ namespace OpenDocument {
 
 namespace {
 
-// The number format of the attribute; all numerals that are not Latin letters are shown as digits.
-char16_t numberFormat(std::string_view format) {
-    if (format.empty()) return 0;
-    constexpr std::string_view kKnown = "aAiI";
-    return kKnown.find(format.front()) != std::string_view::npos ? char16_t(format.front()) : u'1';
+// All numerals that are not Latin letters are shown as digits; no format shows no number.
+NumberFormat numberFormatValue(std::string_view format, bool lettersRepeat) {
+    using Kind = NumberFormat::Kind;
+    if (format.empty()) return {Kind::none};
+    switch (format.front()) {
+    case 'a':
+        return lettersRepeat ? NumberFormat{Kind::series, kLowerLatin} : NumberFormat{Kind::lowerLetters};
+    case 'A':
+        return lettersRepeat ? NumberFormat{Kind::series, kUpperLatin} : NumberFormat{Kind::upperLetters};
+    case 'i': return {Kind::lowerRoman};
+    case 'I': return {Kind::upperRoman};
+    default: return {};
+    }
 }
 
 void readListLevel(Element element, const XMLAttributes& attributes, ListStyle& style) {
@@ -27,8 +35,8 @@ void readListLevel(Element element, const XMLAttributes& attributes, ListStyle& 
         level.bullet = fromUTF8(attributes.value(kText, "bullet-char"));
     } else {
         level.kind = ListLevel::Kind::number;
-        level.format = numberFormat(attributes.value(kStyle, "num-format"));
-        level.lettersRepeat = attributes.value(kStyle, "num-letter-sync") == "true";
+        const bool lettersRepeat = attributes.value(kStyle, "num-letter-sync") == "true";
+        level.format = numberFormatValue(attributes.value(kStyle, "num-format"), lettersRepeat);
         level.displayLevels = integerValue(attributes.value(kText, "display-levels")).value_or(1);
         level.start = integerValue(attributes.value(kText, "start-value")).value_or(1);
     }

@@ -4,8 +4,8 @@
 // each.
 #pragma once
 
+#include "Platform/AppKit/SymbolFont.h"
 #include "Platform/AppKit/Word/FileInformation.h"
-#include "Platform/AppKit/Word/SymbolFont.h"
 #include "Platform/Foundation/NSStringEncoding.h"
 
 #include <cstdint>

@@ -2,7 +2,7 @@
 #include "Platform/AppKit/Word/ListNumbering.h"
 
 #include "Platform/AppKit/Word/LittleEndian.h"
-#include "Platform/AppKit/Word/NumberFormat.h"
+#include "Platform/AppKit/Word/NumberCode.h"
 
 namespace Word {
 
@@ -80,14 +80,14 @@ std::u16string ListNumbering::marker(const ListOverride& chosen, const ListLevel
     std::string_view text = slice(format.text, 0, 2 * kMarkerLimit);
     for (size_t i = 0; i + 1 < text.size() && marker.size() < kMarkerLimit; i += 2) {
         char16_t unit = uint16At(text, i);
-        if (unit >= kListLevels || format.format == NumberFormat::bullet) {
+        if (unit >= kListLevels || format.format == NumberCode::bullet) {
             if (unit >= u' ') marker.push_back(markerCharacter(unit, font));
             continue;
         }
         const ListLevel* shown = levelOf(chosen, unit);
-        uint8_t style = shown ? shown->format : uint8_t(NumberFormat::decimal);
-        if (format.isLegal && style != NumberFormat::none) style = NumberFormat::decimal;
-        appendNumber(marker, counters_[chosen.list].numbers[unit], style);
+        uint8_t style = shown ? shown->format : uint8_t(NumberCode::decimal);
+        if (format.isLegal && style != NumberCode::none) style = NumberCode::decimal;
+        appendNumber(marker, counters_[chosen.list].numbers[unit], numberFormatOf(style));
     }
     return marker;
 }
@@ -115,7 +115,9 @@ std::u16string ListNumbering::nextOldMarker(const ListMembership& membership) {
     };
     append(slice(text, 0, before));
     if (level == kNumbered) {
-        appendNumber(marker, uint16At(description, 10) + oldNumber_ - 1, uint8At(description, 0));
+        // Damage may wrap the number round; it stays one of 32 bits.
+        const uint32_t number = uint16At(description, 10) + oldNumber_ - 1;
+        appendNumber(marker, number, numberFormatOf(uint8At(description, 0)));
         append(slice(text, before, after));
     }
     return marker;

@@ -17,7 +17,7 @@ constexpr size_t kListLevels = 9;
 
 struct ListLevel {
     uint32_t start = 1;
-    uint8_t format = 0;          // see NumberFormat.h
+    uint8_t format = 0;          // see NumberCode.h
     bool isLegal = false;        // all numbers are shown in digits
     uint8_t restartLimit = 0;    // an item of a level below this one restarts the numbering
     std::string_view characters; // modifiers of the marker's characters

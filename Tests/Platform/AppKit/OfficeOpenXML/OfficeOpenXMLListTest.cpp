@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Platform/AppKit/OfficeOpenXML/NumberFormat.h"
+#include "Platform/AppKit/OfficeOpenXML/NumberFormatNames.h"
 #include "Tests/Platform/AppKit/OfficeOpenXML/OfficeOpenXMLTesting.h"
 
 namespace {
@@ -136,7 +136,7 @@ TEST(OfficeOpenXMLList, countsNoParagraphThatIsNotSeen) {
     EXPECT_EQ(textOf(docx), "\t1.\tx\n\t2.\tx\n\t3.\t\n");
 }
 
-TEST(NumberFormat, writesNumbersInManyWays) {
+TEST(OfficeOpenXMLList, writesNumbersInManyWays) {
     struct Case {
         const char* format;
         int number;
@@ -208,7 +208,7 @@ TEST(NumberFormat, writesNumbersInManyWays) {
     };
     for (const Case& c : cases) {
         std::u16string text;
-        OfficeOpenXML::NumberFormat(c.format).append(text, c.number);
+        appendNumber(text, c.number, OfficeOpenXML::numberFormatNamed(c.format));
         EXPECT_EQ(toUTF8(text), c.text) << c.format << " " << c.number;
     }
 }

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Platform/AppKit/OpenDocument/NumberFormat.h"
 #include "Platform/AppKit/OpenDocument/Values.h"
 
 #include <cstdlib>
@@ -73,38 +72,6 @@ TEST(OpenDocumentValues, readTimesWithoutAZoneAsLocal) {
     EXPECT_EQ(timeValue("2001-01-01T00:00:00.5"), 5 * 3600.0 + 0.5);
     before == nullptr ? unsetenv("TZ") : setenv("TZ", kept.c_str(), 1);
     tzset();
-}
-
-TEST(OpenDocumentValues, formatNumbers) {
-    struct {
-        int number;
-        char16_t format;
-        bool lettersRepeat;
-        std::u16string_view text;
-    } const cases[] = {
-        {7, u'1', false, u"7"},
-        {-7, u'1', false, u"-7"},
-        {1, u'a', false, u"a"},
-        {26, u'A', false, u"Z"},
-        {27, u'a', false, u"aa"},
-        {28, u'a', false, u"ab"},
-        {28, u'a', true, u"bb"},
-        {53, u'A', true, u"AAA"},
-        {703, u'a', false, u"aaa"},
-        {0, u'a', false, u"0"},
-        {-1, u'A', false, u"-1"},
-        {99'999'999, u'a', true, u"99999999"},
-        {4, u'i', false, u"iv"},
-        {1999, u'I', false, u"MCMXCIX"},
-        {0, u'I', false, u"0"},
-        {4000, u'I', false, u"4000"},
-        {3888, u'i', false, u"mmmdccclxxxviii"},
-    };
-    for (const auto& c : cases) {
-        std::u16string text;
-        appendNumber(text, c.number, c.format, c.lettersRepeat);
-        EXPECT_EQ(text, c.text) << c.number;
-    }
 }
 
 } // namespace

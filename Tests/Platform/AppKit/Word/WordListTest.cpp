@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Platform/AppKit/Word/NumberFormat.h"
+#include "Platform/AppKit/Word/NumberCode.h"
 
 #include "Tests/Platform/AppKit/Word/WordTesting.h"
 
@@ -16,9 +16,8 @@ WordListLevel level(unsigned format, std::u16string_view text, uint32_t start = 
 // A list of the three levels "1.", "1.a)" and "i".
 WordList outline(uint32_t identifier = 1) {
     return {identifier,
-            {level(Word::NumberFormat::decimal, u"\0."sv),
-             level(Word::NumberFormat::lowerLetter, u"\0.\1)"sv),
-             level(Word::NumberFormat::lowerRoman, u"\2")}};
+            {level(Word::NumberCode::decimal, u"\0."sv), level(Word::NumberCode::lowerLetter, u"\0.\1)"sv),
+             level(Word::NumberCode::lowerRoman, u"\2")}};
 }
 
 // Paragraphs of these levels of the list 1, each with its level as text.
@@ -37,31 +36,31 @@ TEST(WordList, WritesNumbersInTheirFormat) {
         std::u16string_view text;
     };
     constexpr Case kCases[] = {
-        {Word::NumberFormat::decimal, 0, u"0"},
-        {Word::NumberFormat::decimal, 4294967295, u"4294967295"},
-        {Word::NumberFormat::upperRoman, 1994, u"MCMXCIV"},
-        {Word::NumberFormat::lowerRoman, 3999, u"mmmcmxcix"},
-        {Word::NumberFormat::lowerRoman, 4000, u"4000"},
-        {Word::NumberFormat::lowerRoman, 0, u"0"},
-        {Word::NumberFormat::upperLetter, 1, u"A"},
-        {Word::NumberFormat::upperLetter, 26, u"Z"},
-        {Word::NumberFormat::lowerLetter, 27, u"aa"},
-        {Word::NumberFormat::lowerLetter, 54, u"bbb"},
-        {Word::NumberFormat::lowerLetter, 781, u"781"},
-        {Word::NumberFormat::lowerLetter, 0, u"0"},
-        {Word::NumberFormat::ordinal, 1, u"1st"},
-        {Word::NumberFormat::ordinal, 12, u"12th"},
-        {Word::NumberFormat::ordinal, 22, u"22nd"},
-        {Word::NumberFormat::ordinal, 103, u"103rd"},
-        {Word::NumberFormat::leadingZero, 7, u"07"},
-        {Word::NumberFormat::leadingZero, 12, u"12"},
-        {Word::NumberFormat::bullet, 7, u""},
-        {Word::NumberFormat::none, 7, u""},
+        {Word::NumberCode::decimal, 0, u"0"},
+        {Word::NumberCode::decimal, 4294967295, u"4294967295"},
+        {Word::NumberCode::upperRoman, 1994, u"MCMXCIV"},
+        {Word::NumberCode::lowerRoman, 3999, u"mmmcmxcix"},
+        {Word::NumberCode::lowerRoman, 4000, u"4000"},
+        {Word::NumberCode::lowerRoman, 0, u"0"},
+        {Word::NumberCode::upperLetter, 1, u"A"},
+        {Word::NumberCode::upperLetter, 26, u"Z"},
+        {Word::NumberCode::lowerLetter, 27, u"aa"},
+        {Word::NumberCode::lowerLetter, 54, u"bbb"},
+        {Word::NumberCode::lowerLetter, 781, u"781"},
+        {Word::NumberCode::lowerLetter, 0, u"0"},
+        {Word::NumberCode::ordinal, 1, u"1st"},
+        {Word::NumberCode::ordinal, 12, u"12th"},
+        {Word::NumberCode::ordinal, 22, u"22nd"},
+        {Word::NumberCode::ordinal, 103, u"103rd"},
+        {Word::NumberCode::leadingZero, 7, u"07"},
+        {Word::NumberCode::leadingZero, 12, u"12"},
+        {Word::NumberCode::bullet, 7, u""},
+        {Word::NumberCode::none, 7, u""},
         {99, 7, u"7"},
     };
     for (const Case& c : kCases) {
         std::u16string text;
-        Word::appendNumber(text, c.number, c.format);
+        appendNumber(text, c.number, Word::numberFormatOf(c.format));
         EXPECT_EQ(text, c.text) << c.number << " in format " << int(c.format);
     }
 }
@@ -96,8 +95,7 @@ TEST(WordList, RestartsOnlyBelowTheLimit) {
 
 TEST(WordList, LegalNumbersAreDigits) {
     WordList list{
-        1,
-        {level(Word::NumberFormat::upperRoman, u"\0"sv), level(Word::NumberFormat::lowerLetter, u"\0.\1"sv)}};
+        1, {level(Word::NumberCode::upperRoman, u"\0"sv), level(Word::NumberCode::lowerLetter, u"\0.\1"sv)}};
     list.levels[1].flags = kLegal;
     WordDocumentWriter document;
     EXPECT_EQ(textOfLevels(document.list(list).listOverride({}), "0011"),
@@ -105,7 +103,7 @@ TEST(WordList, LegalNumbersAreDigits) {
 }
 
 TEST(WordList, ListsAndTheirOverridesCount) {
-    WordListLevel letters = level(Word::NumberFormat::upperLetter, u"\0)"sv, 3);
+    WordListLevel letters = level(Word::NumberCode::upperLetter, u"\0)"sv, 3);
     WordDocumentWriter document;
     document.list(outline(7)).list(outline(8));
     document.listOverride({7, {}}).listOverride({8, {}}).listOverride({7, {}});
@@ -120,7 +118,7 @@ TEST(WordList, ListsAndTheirOverridesCount) {
 
 TEST(WordList, BulletsAreCharacters) {
     auto bullet = [](char16_t sign, unsigned font) {
-        return WordList{sign, {{1, Word::NumberFormat::bullet, std::u16string(1, sign), 0, 0, fontOf(font)}}};
+        return WordList{sign, {{1, Word::NumberCode::bullet, std::u16string(1, sign), 0, 0, fontOf(font)}}};
     };
     WordDocumentWriter document;
     document.font(u"Times New Roman").font(u"Symbol", 2).font(u"Wingdings", 2).font(u"Runes", 2);
@@ -169,7 +167,7 @@ TEST(WordList, TheEndOfASectionEndsAnItem) {
 }
 
 TEST(WordList, AllMarkersTogetherAreBounded) {
-    WordList list{1, {{1, Word::NumberFormat::decimal, std::u16string(64, u'x'), 0, 0, {}}}};
+    WordList list{1, {{1, Word::NumberCode::decimal, std::u16string(64, u'x'), 0, 0, {}}}};
     WordDocumentWriter document;
     document.list(list).listOverride({}).style({}).style({false, 0, {}, inList(1)});
     document.text(std::u16string(20000, u'\r')).mark(u'\r', {}, 1);
@@ -178,7 +176,7 @@ TEST(WordList, AllMarkersTogetherAreBounded) {
 }
 
 TEST(WordList, MarkersAreBounded) {
-    WordList list{1, {{1, Word::NumberFormat::decimal, std::u16string(30000, u'x'), 0, 0, {}}}};
+    WordList list{1, {{1, Word::NumberCode::decimal, std::u16string(30000, u'x'), 0, 0, {}}}};
     WordDocumentWriter document;
     std::u16string text = textOfLevels(document.list(list).listOverride({}), "0");
     EXPECT_EQ(text, u"\t" + std::u16string(64, u'x') + u"\t0\n");

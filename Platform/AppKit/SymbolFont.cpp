@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Platform/AppKit/Word/SymbolFont.h"
+#include "Platform/AppKit/SymbolFont.h"
 
+#include "Platform/Foundation/ASCII.h"
 #include "Platform/Foundation/NSStringEncoding.h"
 #include "Platform/Foundation/UnicodeText.h"
 
 #include <algorithm>
 #include <iterator>
 #include <string>
-
-namespace Word {
 
 namespace {
 
@@ -61,9 +60,11 @@ char16_t symbol(uint8_t code) {
 } // namespace
 
 SymbolFont symbolFontNamed(std::u16string_view name) {
-    if (name == u"Symbol") return SymbolFont::symbol;
-    if (name == u"Wingdings") return SymbolFont::wingdings;
-    if (name == u"Webdings" || name == u"Wingdings 2" || name == u"Wingdings 3") return SymbolFont::other;
+    if (equalIgnoringCase(name, u"Symbol")) return SymbolFont::symbol;
+    if (equalIgnoringCase(name, u"Wingdings")) return SymbolFont::wingdings;
+    for (std::u16string_view other : {u"Webdings", u"Wingdings 2", u"Wingdings 3"}) {
+        if (equalIgnoringCase(name, other)) return SymbolFont::other;
+    }
     return SymbolFont::none;
 }
 
@@ -75,4 +76,8 @@ char16_t characterOf(SymbolFont font, uint8_t code) {
     return sign != 0 ? sign : char16_t(0xF000 | code);
 }
 
-} // namespace Word
+char16_t signOf(SymbolFont font, char16_t unit) {
+    if (uint8_t(unit) < u' ' || (unit > 0xFF && !isSymbolCode(unit))) return unit;
+    const char16_t sign = characterOf(font, uint8_t(unit));
+    return isSymbolCode(sign) ? unit : sign;
+}
