@@ -151,11 +151,6 @@ std::optional<ZipPackage> ZipPackage::open(std::string_view bytes) {
     return package;
 }
 
-void ZipPackage::add(Entry&& entry) {
-    std::string name = fold(entry.name);
-    entries_.try_emplace(std::move(name), std::move(entry));
-}
-
 // Returns true when the directory was whole and right.
 bool ZipPackage::readDirectory() {
     std::optional<DirectoryPlace> place = findDirectory(bytes_);
@@ -185,7 +180,9 @@ bool ZipPackage::readDirectoryEntry(size_t& at, uint64_t shift) {
     if (!hasSignature(bytes_, header, kLocalSignature)) return false;
     entry.offset = dataOffset(bytes_, header);
     bool inside = entry.offset <= bytes_.size() && compressedSize <= bytes_.size() - entry.offset;
-    add(std::move(entry));
+    // Of entries of one name the last is meant: archives are changed by adding to them.
+    std::string name = fold(entry.name);
+    entries_.insert_or_assign(std::move(name), std::move(entry));
     return inside;
 }
 
@@ -203,7 +200,8 @@ void ZipPackage::readLocalHeaders() {
                            (data + size == bytes_.size() || hasSignature(bytes_, data + size, "PK"sv));
         uint64_t end = leadsToNext ? data + size : findEntryEnd(bytes_, data);
         if (sizeFollows) size = end - data;
-        add({std::string(name), data, size, number16(bytes_, at + 8), (flags & kEncryptedFlag) != 0});
+        entries_.try_emplace(fold(name), Entry{std::string(name), data, size, number16(bytes_, at + 8),
+                                               (flags & kEncryptedFlag) != 0});
         at = bytes_.find(kLocalSignature, size_t(end));
     }
 }

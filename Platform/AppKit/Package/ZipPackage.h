@@ -64,7 +64,6 @@ private:
     bool readDirectory();
     bool readDirectoryEntry(size_t& at, uint64_t shift);
     void readLocalHeaders();
-    void add(Entry&& entry);
     const Entry* find(std::string_view name) const;
     bool copyStored(std::string_view stored, Deadline& deadline, const Sink& sink) const;
     bool inflate(std::string_view compressed, Deadline& deadline, const Sink& sink) const;

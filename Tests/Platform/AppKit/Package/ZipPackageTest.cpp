@@ -57,6 +57,16 @@ TEST(ZipPackage, comparesNamesWithoutCaseAndWithEitherSlash) {
     EXPECT_EQ(package->findName([](std::string_view name) { return name == "x"; }), "");
 }
 
+TEST(ZipPackage, readsTheLastOfEntriesOfOneName) {
+    ZipWriter writer;
+    writer.add("content.xml", "old");
+    writer.add("other.xml", "other");
+    writer.add("content.xml", "new");
+    std::string archive = writer.finish();
+    EXPECT_EQ(contents(ZipPackage::open(archive), "content.xml"), "new");
+    EXPECT_EQ(contents(ZipPackage::open(archive), "other.xml"), "other");
+}
+
 TEST(ZipPackage, readsPastBytesInFrontOfAndBehindTheArchive) {
     ZipWriter writer;
     writer.add("a", "some text");
