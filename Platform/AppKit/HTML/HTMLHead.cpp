@@ -3,10 +3,10 @@
 
 #include "Platform/AppKit/HTML/HTMLCharacters.h"
 #include "Platform/AppKit/HTML/HTMLTree.h"
+#include "Platform/Foundation/CalendarDate.h"
 #include "Platform/Foundation/UnicodeText.h"
 
 #include <charconv>
-#include <chrono>
 #include <optional>
 #include <string>
 
@@ -48,12 +48,10 @@ std::optional<DocumentTime> timeFrom(std::string_view text) {
         std::from_chars(text.data() + begin, text.data() + begin + length, value);
         return value;
     };
-    using namespace std::chrono;
-    const year_month_day date(year(number(0, 4)), month(unsigned(number(5, 2))), day(unsigned(number(8, 2))));
-    const int hour = number(11, 2), minute = number(14, 2), second = number(17, 2);
-    if (!date.ok() || hour > 23 || minute > 59 || second > 59) return std::nullopt;
-    constexpr sys_days kReference = year(2001) / January / 1;
-    return double((sys_days(date) - kReference).count()) * 86400 + hour * 3600 + minute * 60 + second;
+    const CalendarDate date{number(0, 4),  number(5, 2),  number(8, 2),
+                            number(11, 2), number(14, 2), number(17, 2)};
+    if (!isCalendarDay(date) || date.hour > 23 || date.minute > 59 || date.second > 59) return std::nullopt;
+    return referenceTime(date);
 }
 
 void takeStyle(const GumboNode& element, HTMLStyleSheet& sheet) {
@@ -70,7 +68,7 @@ void takeStyle(const GumboNode& element, HTMLStyleSheet& sheet) {
 
 } // namespace
 
-std::vector<std::u16string> splitKeywords(std::string_view content) {
+std::vector<std::u16string> splitMetaKeywords(std::string_view content) {
     std::vector<std::u16string> keywords;
     if (content.empty()) return keywords;
     std::string_view separator = ", ";
@@ -100,7 +98,7 @@ void takeMeta(std::string_view name, std::string_view content, DocumentInfo& inf
         if (equalIgnoringCase(name, text.name)) info.*text.member = fromUTF8(content);
     }
     if (equalIgnoringCase(name, "keywords")) {
-        info.keywords = splitKeywords(content);
+        info.keywords = splitMetaKeywords(content);
     } else if (equalIgnoringCase(name, "creationtime")) {
         if (const auto time = timeFrom(content)) info.creationTime = time;
     } else if (equalIgnoringCase(name, "modificationtime")) {

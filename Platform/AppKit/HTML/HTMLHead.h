@@ -18,5 +18,7 @@ void readHead(const GumboNode& document, Deadline& deadline, DocumentInfo& info,
 // Takes one META element in. A later one of the same name replaces.
 void takeMeta(std::string_view name, std::string_view content, DocumentInfo& info);
 
-// Splits at ", " if that occurs, else at "," if that does, else at " ".
-std::vector<std::u16string> splitKeywords(std::string_view content);
+// The keywords of a META element. Unlike other formats, pages part them by one separator throughout: ", " if
+// that occurs, else "," if that does, else " ". What stands between two separators is a keyword as it is,
+// even nothing.
+std::vector<std::u16string> splitMetaKeywords(std::string_view content);

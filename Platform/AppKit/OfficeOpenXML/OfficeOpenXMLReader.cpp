@@ -2,11 +2,11 @@
 //
 // Office Open XML text documents (.docx, .docm, .dotx ...): finds the parts of the package and reads them in
 // turn.
+#include "Platform/AppKit/CompoundFile/CompoundFile.h"
 #include "Platform/AppKit/DocumentReader.h"
 #include "Platform/AppKit/OfficeOpenXML/DocumentHandler.h"
 #include "Platform/AppKit/OfficeOpenXML/PropertiesPart.h"
 #include "Platform/AppKit/Package/ZipPackage.h"
-#include "Platform/AppKit/Word/CompoundFile.h"
 
 #include <initializer_list>
 #include <utility>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/AppKit/OfficeOpenXML/Part.h"
 
-#include "Platform/AppKit/OpenDocument/Values.h"
+#include "Platform/AppKit/Package/XMLValues.h"
 
 #include <cmath>
 
@@ -48,14 +48,14 @@ bool isOn(const XMLAttributes& attributes) {
 }
 
 std::optional<int> numberValue(std::string_view text) {
-    std::optional<int> number = OpenDocument::integerValue(text);
+    std::optional<int> number = integerValue(text);
     return number && *number >= 0 ? number : std::nullopt;
 }
 
 std::optional<double> measureValue(std::string_view text) {
     constexpr double kTwips = 20;
-    if (auto twips = OpenDocument::integerValue(text)) return *twips / kTwips;
-    return OpenDocument::lengthValue(text);
+    if (auto twips = integerValue(text)) return *twips / kTwips;
+    return lengthValue(text);
 }
 
 } // namespace OfficeOpenXML

@@ -1,28 +1,17 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/AppKit/OfficeOpenXML/PropertiesPart.h"
 
-#include "Platform/AppKit/OpenDocument/Values.h"
+#include "Platform/AppKit/Keywords.h"
+#include "Platform/AppKit/Package/XMLValues.h"
 #include "Platform/Foundation/ASCII.h"
 #include "Platform/Foundation/UnicodeText.h"
 
-#include <algorithm>
 #include <string>
 #include <utility>
 
 namespace OfficeOpenXML {
 
 namespace {
-
-std::vector<std::u16string> splitKeywords(std::string_view text) {
-    std::vector<std::u16string> keywords;
-    while (!text.empty()) {
-        size_t end = std::min(text.find_first_of(",;"), text.size());
-        std::string_view keyword = trimmed(text.substr(0, end), isXMLSpace);
-        if (!keyword.empty()) keywords.push_back(fromUTF8(keyword));
-        text.remove_prefix(std::min(end + 1, text.size()));
-    }
-    return keywords;
-}
 
 class Handler : public PartHandler {
 public:
@@ -56,9 +45,9 @@ protected:
         case Element::lastModifiedBy: info_.editor = fromUTF8(text); break;
         case Element::company: info_.company = fromUTF8(text); break;
         case Element::manager: info_.manager = fromUTF8(text); break;
-        case Element::created: info_.creationTime = OpenDocument::timeValue(text); break;
-        case Element::modified: info_.modificationTime = OpenDocument::timeValue(text); break;
-        case Element::keywords: info_.keywords = splitKeywords(text); break;
+        case Element::created: info_.creationTime = timeValue(text); break;
+        case Element::modified: info_.modificationTime = timeValue(text); break;
+        case Element::keywords: info_.keywords = splitKeywords(fromUTF8(text)); break;
         default: break;
         }
     }

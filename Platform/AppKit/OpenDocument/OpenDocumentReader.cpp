@@ -7,7 +7,7 @@
 #include "Platform/AppKit/OpenDocument/BodySection.h"
 #include "Platform/AppKit/OpenDocument/MetaSection.h"
 #include "Platform/AppKit/OpenDocument/StyleSection.h"
-#include "Platform/AppKit/OpenDocument/Values.h"
+#include "Platform/AppKit/Package/XMLValues.h"
 #include "Platform/AppKit/Package/ZipPackage.h"
 #include "Platform/Foundation/ASCII.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/AppKit/OpenDocument/StyleSection.h"
 
-#include "Platform/AppKit/OpenDocument/Values.h"
+#include "Platform/AppKit/Package/XMLValues.h"
 #include "Platform/Foundation/UnicodeText.h"
 
 namespace OpenDocument {

@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/AppKit/RTF/RTFInfo.h"
 
-#include "Platform/AppKit/TextCharacters.h"
-#include "Platform/Foundation/ASCII.h"
+#include "Platform/AppKit/Keywords.h"
+#include "Platform/Foundation/CalendarDate.h"
 
 #include <algorithm>
-#include <ctime>
 #include <string_view>
 #include <utility>
-#include <vector>
 
 namespace {
 
@@ -19,41 +17,15 @@ constexpr double kDefaultTabInterval = 36;
 constexpr double kDefaultCocoaVersion = 80;
 constexpr int32_t kPageLayoutView = 1;
 
-// Of 2001-01-01 00:00:00 UTC, in seconds since 1970.
-constexpr double kReferenceTime = 978307200;
-
-bool isBlank(char32_t c) { return isXMLSpace(c) || c == kNoBreakSpace; }
-
-std::vector<std::u16string> splitKeywords(std::u16string_view text) {
-    std::vector<std::u16string> keywords;
-    while (!text.empty() && keywords.size() < RTFInfo::kKeywordLimit) {
-        size_t comma = std::min(text.find(u','), text.size());
-        std::u16string_view keyword = trimmed(text.substr(0, comma), isBlank);
-        if (!keyword.empty()) keywords.emplace_back(keyword);
-        text.remove_prefix(std::min(comma + 1, text.size()));
-    }
-    return keywords;
-}
-
 bool isWithin(int32_t value, int32_t low, int32_t high) { return value >= low && value <= high; }
 
 std::optional<DocumentTime> localTime(const RTFTimeFields& fields) {
-    if (!isWithin(fields[kRTFYear], 1, 9999) || !isWithin(fields[kRTFMonth], 1, 12) ||
-        !isWithin(fields[kRTFDay], 1, 31) || !isWithin(fields[kRTFHour], 0, 23) ||
-        !isWithin(fields[kRTFMinute], 0, 59) || !isWithin(fields[kRTFSecond], 0, 59))
+    const CalendarDate date{fields[kRTFYear], fields[kRTFMonth],  fields[kRTFDay],
+                            fields[kRTFHour], fields[kRTFMinute], fields[kRTFSecond]};
+    if (!isWithin(fields[kRTFYear], 1, 9999) || !isCalendarDay(date) || !isWithin(date.hour, 0, 23) ||
+        !isWithin(date.minute, 0, 59) || !isWithin(date.second, 0, 59))
         return std::nullopt;
-    std::tm time{};
-    time.tm_year = fields[kRTFYear] - 1900;
-    time.tm_mon = fields[kRTFMonth] - 1;
-    time.tm_mday = fields[kRTFDay];
-    time.tm_hour = fields[kRTFHour];
-    time.tm_min = fields[kRTFMinute];
-    time.tm_sec = fields[kRTFSecond];
-    time.tm_isdst = -1;
-    std::time_t seconds = std::mktime(&time);
-    // A day that its month lacks has become one of the next month.
-    if (time.tm_mday != fields[kRTFDay]) return std::nullopt;
-    return double(seconds) - kReferenceTime;
+    return referenceTimeOfLocal(date);
 }
 
 } // namespace
@@ -72,7 +44,7 @@ void RTFInfo::setString(RTFInfoString string, std::u16string text) {
     case kRTFSubject: info_.subject = std::move(text); break;
     case kRTFComment: makersComment_ = std::move(text); break;
     case kRTFDocumentComment: info_.comment = std::move(text); break;
-    case kRTFKeywords: info_.keywords = splitKeywords(text); break;
+    case kRTFKeywords: info_.keywords = splitKeywords(text, u","); break;
     case kRTFCompany: info_.company = std::move(text); break;
     case kRTFManager: info_.manager = std::move(text); break;
     case kRTFCategory: info_.category = std::move(text); break;

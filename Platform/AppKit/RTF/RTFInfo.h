@@ -18,7 +18,6 @@ using RTFTimeFields = std::array<int32_t, kRTFTimeFieldCount>;
 class RTFInfo {
 public:
     // Keywords past this number are left out.
-    static constexpr size_t kKeywordLimit = 10'000;
 
     // A switch that is told without a value is on; other numbers without one say nothing.
     void setNumber(RTFNumber number, std::optional<int32_t> value);

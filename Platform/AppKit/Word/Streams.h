@@ -3,7 +3,7 @@
 // The streams of a Word document.
 #pragma once
 
-#include "Platform/AppKit/Word/CompoundFile.h"
+#include "Platform/AppKit/CompoundFile/CompoundFile.h"
 #include "Platform/AppKit/Word/FileInformation.h"
 
 #include <optional>

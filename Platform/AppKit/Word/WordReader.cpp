@@ -3,14 +3,14 @@
 // The reader of binary Word documents, Word 6 to Word 2003 and what later programs write in that format.
 #include "Platform/AppKit/DocumentReader.h"
 
-#include "Platform/AppKit/Word/CompoundFile.h"
+#include "Platform/AppKit/CompoundFile/CompoundFile.h"
+#include "Platform/AppKit/CompoundFile/LittleEndian.h"
+#include "Platform/AppKit/CompoundFile/PropertySet.h"
+#include "Platform/AppKit/Keywords.h"
 #include "Platform/AppKit/Word/FileInformation.h"
-#include "Platform/AppKit/Word/LittleEndian.h"
 #include "Platform/AppKit/Word/Modifiers.h"
-#include "Platform/AppKit/Word/PropertySet.h"
 #include "Platform/AppKit/Word/Streams.h"
 #include "Platform/AppKit/Word/TextReader.h"
-#include "Platform/Foundation/ASCII.h"
 
 #include <cstdlib>
 
@@ -19,17 +19,6 @@ using namespace Word;
 namespace {
 
 constexpr double kTwipsInPoint = 20;
-
-std::vector<std::u16string> splitKeywords(std::u16string_view text) {
-    std::vector<std::u16string> keywords;
-    for (size_t begin = 0; begin <= text.size();) {
-        size_t end = std::min(text.find_first_of(u",;", begin), text.size());
-        std::u16string_view keyword = trimmed(text.substr(begin, end - begin), isXMLSpace);
-        if (!keyword.empty()) keywords.emplace_back(keyword);
-        begin = end + 1;
-    }
-    return keywords;
-}
 
 void readProperties(CompoundFile& file, DocumentInfo& info) {
     PropertySet summary(file.stream("\5SummaryInformation"));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Platform/AppKit/RTF/RTFInfo.h"
+#include "Platform/AppKit/Keywords.h"
 
 #include "Tests/Platform/AppKit/RTF/RTFTesting.h"
 
@@ -88,8 +88,8 @@ TEST(RTFInfo, splitsKeywordsAtCommas) {
 
 TEST(RTFInfo, leavesOutKeywordsPastTheirLimit) {
     std::string keywords;
-    for (size_t i = 0; i < 2 * RTFInfo::kKeywordLimit; ++i) keywords += "k,";
-    EXPECT_EQ(infoOf("{\\info{\\keywords " + keywords + "}}").keywords.size(), RTFInfo::kKeywordLimit);
+    for (size_t i = 0; i < 2 * kKeywordLimit; ++i) keywords += "k,";
+    EXPECT_EQ(infoOf("{\\info{\\keywords " + keywords + "}}").keywords.size(), kKeywordLimit);
 }
 
 TEST(RTFInfo, takesTimesAsLocalTimes) {

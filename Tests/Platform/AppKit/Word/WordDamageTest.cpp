@@ -3,7 +3,7 @@
 // Documents that are not what they seem: of another kind, encrypted, cut off or lying.
 #include "Tests/Platform/AppKit/Word/WordTesting.h"
 
-#include "Platform/AppKit/Word/PropertySet.h"
+#include "Platform/AppKit/CompoundFile/PropertySet.h"
 #include "Tests/Support/LittleEndianWriter.h"
 #include "Tests/Support/PropertySetWriter.h"
 

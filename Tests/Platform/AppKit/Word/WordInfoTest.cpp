@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Tests/Platform/AppKit/Word/WordTesting.h"
 
-#include "Platform/AppKit/Word/PropertySet.h"
+#include "Platform/AppKit/CompoundFile/PropertySet.h"
 #include "Tests/Support/PropertySetWriter.h"
 
 namespace {

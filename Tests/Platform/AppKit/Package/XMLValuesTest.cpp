@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Platform/AppKit/OpenDocument/Values.h"
+#include "Platform/AppKit/Package/XMLValues.h"
 
 #include <cstdlib>
 #include <ctime>
@@ -7,9 +7,7 @@
 
 namespace {
 
-using namespace OpenDocument;
-
-TEST(OpenDocumentValues, readIntegers) {
+TEST(XMLValues, readIntegers) {
     struct {
         std::string_view text;
         std::optional<int> value;
@@ -25,7 +23,7 @@ TEST(OpenDocumentValues, readIntegers) {
     for (const auto& c : cases) EXPECT_EQ(integerValue(c.text), c.value) << c.text;
 }
 
-TEST(OpenDocumentValues, readLengths) {
+TEST(XMLValues, readLengths) {
     struct {
         std::string_view text;
         double points;
@@ -40,7 +38,7 @@ TEST(OpenDocumentValues, readLengths) {
     }
 }
 
-TEST(OpenDocumentValues, readTimesOfKnownZones) {
+TEST(XMLValues, readTimesOfKnownZones) {
     struct {
         std::string_view text;
         double time;
@@ -62,7 +60,7 @@ TEST(OpenDocumentValues, readTimesOfKnownZones) {
     }
 }
 
-TEST(OpenDocumentValues, readTimesWithoutAZoneAsLocal) {
+TEST(XMLValues, readTimesWithoutAZoneAsLocal) {
     const char* before = std::getenv("TZ");
     std::string kept = before == nullptr ? "" : before;
     setenv("TZ", "EST5", 1);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// Little-endian numbers in the bytes of a Word document. Every read is checked: what lies past the end reads
+// Little-endian numbers in the bytes of a document. Every read is checked: what lies past the end reads
 // as 0 and a slice is cut to what is there, so that a truncated structure looks like one filled up with
 // zeros.
 #pragma once
@@ -9,8 +9,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
-
-namespace Word {
 
 inline bool holds(std::string_view bytes, size_t offset, size_t length) {
     return offset <= bytes.size() && length <= bytes.size() - offset;
@@ -38,5 +36,3 @@ inline uint64_t uint64At(std::string_view bytes, size_t offset) {
 inline std::string_view slice(std::string_view bytes, size_t offset, size_t length = std::string_view::npos) {
     return bytes.substr(std::min(offset, bytes.size()), length);
 }
-
-} // namespace Word

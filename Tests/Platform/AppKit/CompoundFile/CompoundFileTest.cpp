@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Platform/AppKit/Word/CompoundFile.h"
+#include "Platform/AppKit/CompoundFile/CompoundFile.h"
 
 #include "Tests/Support/CompoundFileWriter.h"
 #include "Tests/Support/LittleEndianWriter.h"

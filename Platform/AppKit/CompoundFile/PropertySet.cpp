@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Platform/AppKit/Word/PropertySet.h"
+#include "Platform/AppKit/CompoundFile/PropertySet.h"
 
-#include "Platform/AppKit/Word/LittleEndian.h"
+#include "Platform/AppKit/CompoundFile/LittleEndian.h"
 #include "Platform/Foundation/NSStringEncoding.h"
-
-using namespace Word;
 
 namespace {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Platform/AppKit/Word/PropertySet.h"
+#include "Platform/AppKit/CompoundFile/PropertySet.h"
 
 #include "Tests/Support/LittleEndianWriter.h"
 #include "Tests/Support/PropertySetWriter.h"

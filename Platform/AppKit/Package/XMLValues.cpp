@@ -1,15 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Platform/AppKit/OpenDocument/Values.h"
+#include "Platform/AppKit/Package/XMLValues.h"
 
 #include "Platform/Foundation/ASCII.h"
+#include "Platform/Foundation/CalendarDate.h"
 
 #include <algorithm>
 #include <charconv>
-#include <chrono>
 #include <cmath>
-#include <ctime>
-
-namespace OpenDocument {
 
 namespace {
 
@@ -99,32 +96,16 @@ std::optional<double> lengthValue(std::string_view text) {
 }
 
 std::optional<DocumentTime> timeValue(std::string_view text) {
-    using namespace std::chrono;
     text = trimmed(text, isXMLSpace);
-    int y = 0, m = 0, d = 0;
-    if (!takeDigits(text, 4, y) || !take(text, '-') || !takeDigits(text, 2, m) || !take(text, '-') ||
-        !takeDigits(text, 2, d)) {
+    int year = 0, month = 0, day = 0;
+    if (!takeDigits(text, 4, year) || !take(text, '-') || !takeDigits(text, 2, month) || !take(text, '-') ||
+        !takeDigits(text, 2, day)) {
         return std::nullopt;
     }
-    year_month_day date{year(y), month(unsigned(m)), day(unsigned(d))};
     ClockTime time;
-    if (!date.ok() || (take(text, 'T') && !takeTime(text, time))) return std::nullopt;
-
-    constexpr sys_days kReference = year(2001) / January / 1;
-    double ofDay = time.hour * 3600.0 + time.minute * 60 + time.second;
-    double asUniversal = double((sys_days(date) - kReference).count()) * 86400 + ofDay + time.fraction;
-    if (auto zone = takeZone(text)) return asUniversal - *zone;
-
-    std::tm local{};
-    local.tm_year = y - 1900;
-    local.tm_mon = m - 1;
-    local.tm_mday = d;
-    local.tm_hour = time.hour;
-    local.tm_min = time.minute;
-    local.tm_sec = time.second;
-    local.tm_isdst = -1;
-    constexpr double kReferenceSinceEpoch = double(kReference.time_since_epoch().count()) * 86400;
-    return double(std::mktime(&local)) - kReferenceSinceEpoch + time.fraction;
+    if (take(text, 'T') && !takeTime(text, time)) return std::nullopt;
+    const CalendarDate date{year, month, day, time.hour, time.minute, time.second};
+    if (!isCalendarDay(date)) return std::nullopt;
+    if (auto zone = takeZone(text)) return referenceTime(date) + time.fraction - *zone;
+    return referenceTimeOfLocal(date) + time.fraction;
 }
-
-} // namespace OpenDocument

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Platform/AppKit/Word/CompoundFile.h"
+#include "Platform/AppKit/CompoundFile/CompoundFile.h"
 
-#include "Platform/AppKit/Word/LittleEndian.h"
-
-using namespace Word;
+#include "Platform/AppKit/CompoundFile/LittleEndian.h"
 
 namespace {
 
