@@ -4,6 +4,7 @@
 #include "Platform/AppKit/NSDocumentAttributes.h"
 #include "Platform/Foundation/ASCII.h"
 #include "Platform/Foundation/Module.h"
+#include "Platform/Foundation/NSStringEncoding.h"
 
 #include <algorithm>
 
@@ -24,7 +25,8 @@ constexpr const DocumentKind* kKinds[] = {&kPlainText,     &kRTF,          &kRTF
                                           &kOfficeOpenXML, &kOpenDocument, &kHTML};
 
 std::string_view withoutLeadingBlanks(std::string_view bytes) {
-    if (bytes.substr(0, 3) == "\xEF\xBB\xBF") bytes.remove_prefix(3);
+    if (const ByteOrderMark mark = byteOrderMark(bytes); mark.encoding == NSUTF8StringEncoding)
+        bytes.remove_prefix(mark.size);
     size_t start = std::min(bytes.find_first_not_of(std::string_view(" \t\r\n\f\0", 6)), bytes.size());
     return bytes.substr(start);
 }

@@ -6,19 +6,13 @@
 
 namespace {
 
-constexpr std::string_view kUTF8Mark = "\xEF\xBB\xBF";
-
-bool startsWithUTF16Mark(std::string_view bytes) {
-    return bytes.starts_with("\xFE\xFF") || bytes.starts_with("\xFF\xFE");
-}
-
 NSStringEncoding appendText(std::u16string& text, std::string_view bytes) {
-    if (startsWithUTF16Mark(bytes)) {
+    const ByteOrderMark mark = byteOrderMark(bytes);
+    if (mark.encoding != NSNoStringEncoding && mark.encoding != NSUTF8StringEncoding) {
         appendDecoded(text, bytes.substr(0, bytes.size() & ~size_t(1)), NSUnicodeStringEncoding);
         return NSUnicodeStringEncoding;
     }
-    std::string_view unmarked = bytes.starts_with(kUTF8Mark) ? bytes.substr(kUTF8Mark.size()) : bytes;
-    if (appendUTF8(text, unmarked)) return NSUTF8StringEncoding;
+    if (appendUTF8(text, bytes.substr(mark.size))) return NSUTF8StringEncoding;
 
     // Every byte is a character of this one, so that no text is ever refused.
     text.clear();

@@ -161,27 +161,29 @@ bool appendUTF32(std::u16string& out, std::string_view bytes, ByteOrder order) {
     return valid;
 }
 
-// Drops the byte order mark that `bytes` begin with, if there is one, and tells the order.
-ByteOrder takeByteOrder(std::string_view& bytes, std::string_view bigMark, std::string_view littleMark) {
-    const bool little = bytes.starts_with(littleMark);
-    if (little || bytes.starts_with(bigMark)) bytes.remove_prefix(bigMark.size());
-    return little ? ByteOrder::little : ByteOrder::big;
+// Drops the mark that `bytes` begin with, if it is one of the two, and tells the order.
+ByteOrder takeByteOrder(std::string_view& bytes, const ByteOrderMark& mark, NSStringEncoding big,
+                        NSStringEncoding little) {
+    if (mark.encoding == big || mark.encoding == little) bytes.remove_prefix(mark.size);
+    return mark.encoding == little ? ByteOrder::little : ByteOrder::big;
 }
 
 } // namespace
 
 bool appendDecoded(std::u16string& out, std::string_view bytes, NSStringEncoding encoding) {
-    using namespace std::string_view_literals;
     switch (encoding) {
     case NSUTF8StringEncoding: return appendUTF8(out, bytes);
     case NSUnicodeStringEncoding: {
-        const ByteOrder order = takeByteOrder(bytes, "\xFE\xFF"sv, "\xFF\xFE"sv);
+        const ByteOrder order = takeByteOrder(bytes, byteOrderMark(bytes), NSUTF16BigEndianStringEncoding,
+                                              NSUTF16LittleEndianStringEncoding);
         return appendUTF16(out, bytes, order);
     }
     case NSUTF16BigEndianStringEncoding: return appendUTF16(out, bytes, ByteOrder::big);
     case NSUTF16LittleEndianStringEncoding: return appendUTF16(out, bytes, ByteOrder::little);
     case NSUTF32StringEncoding: {
-        const ByteOrder order = takeByteOrder(bytes, "\0\0\xFE\xFF"sv, "\xFF\xFE\0\0"sv);
+        const ByteOrder order =
+            takeByteOrder(bytes, byteOrderMarkOfUTF32(bytes), NSUTF32BigEndianStringEncoding,
+                          NSUTF32LittleEndianStringEncoding);
         return appendUTF32(out, bytes, order);
     }
     case NSUTF32BigEndianStringEncoding: return appendUTF32(out, bytes, ByteOrder::big);

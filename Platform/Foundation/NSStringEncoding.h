@@ -4,6 +4,7 @@
 // and the one decoder that all readers share.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -39,6 +40,21 @@ enum : NSStringEncoding {
 // The encoding of a Windows, DOS or Macintosh code page (437, 850, 874, 932, 936, 949, 950, 1250 to 1258,
 // 1361, 10000 and its kin, 65001, 1200 ...), or NSNoStringEncoding.
 NSStringEncoding encodingForCodePage(unsigned codePage);
+
+// The code page of text in a font, by the number of its character set in documents of Windows and of the
+// Macintosh; 0 where the set is the document's own (1), of pictures (2) or not known.
+unsigned codePageForFontCharset(int charset);
+
+// The mark that bytes begin with, of the encodings that have one.
+struct ByteOrderMark {
+    NSStringEncoding encoding = NSNoStringEncoding; // none
+    size_t size = 0;                                // bytes
+};
+
+// A mark of UTF-8 or UTF-16. That of little-endian UTF-32 begins with one of them: who takes UTF-32 asks for
+// it first.
+ByteOrderMark byteOrderMark(std::string_view bytes);
+ByteOrderMark byteOrderMarkOfUTF32(std::string_view bytes);
 
 // The encoding of a charset name as the Web and mail use it (case and surrounding blanks do not matter:
 // "latin1", "x-sjis", "windows-1252", "ISO-8859-1" ...), or NSNoStringEncoding. Names follow the registry;

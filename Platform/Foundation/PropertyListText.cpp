@@ -8,20 +8,6 @@
 
 namespace {
 
-struct ByteOrderMark {
-    std::string_view bytes;
-    NSStringEncoding encoding;
-};
-
-// The mark of UTF-32LE begins with that of UTF-16LE.
-constexpr ByteOrderMark kByteOrderMarks[] = {
-    {std::string_view("\0\0\xFE\xFF", 4), NSUTF32BigEndianStringEncoding},
-    {std::string_view("\xFF\xFE\0\0", 4), NSUTF32LittleEndianStringEncoding},
-    {"\xFE\xFF", NSUTF16BigEndianStringEncoding},
-    {"\xFF\xFE", NSUTF16LittleEndianStringEncoding},
-    {"\xEF\xBB\xBF", NSUTF8StringEncoding},
-};
-
 // The value of the encoding attribute of an XML declaration at the start of the bytes, or "".
 std::string_view declaredEncoding(std::string_view bytes) {
     constexpr std::string_view start = "<?xml", name = "encoding";
@@ -44,9 +30,9 @@ bool isWide(NSStringEncoding encoding) {
 
 // Takes the byte order mark off the bytes.
 NSStringEncoding detectedEncoding(std::string_view& bytes) {
-    for (const ByteOrderMark& mark : kByteOrderMarks) {
-        if (bytes.substr(0, mark.bytes.size()) != mark.bytes) continue;
-        bytes.remove_prefix(mark.bytes.size());
+    for (const ByteOrderMark& mark : {byteOrderMarkOfUTF32(bytes), byteOrderMark(bytes)}) {
+        if (mark.encoding == NSNoStringEncoding) continue;
+        bytes.remove_prefix(mark.size);
         return mark.encoding;
     }
     if (bytes.size() >= 2 && bytes[0] == '\0') return NSUTF16BigEndianStringEncoding;

@@ -148,9 +148,8 @@ std::string utf8FromSingleBytes(std::string_view bytes, const char16_t* upper) {
 } // namespace
 
 HTMLEncoding sniffHTMLEncoding(std::string_view bytes) {
-    if (bytes.starts_with("\xEF\xBB\xBF")) return {NSUTF8StringEncoding, 3};
-    if (bytes.starts_with("\xFF\xFE")) return {NSUTF16LittleEndianStringEncoding, 2};
-    if (bytes.starts_with("\xFE\xFF")) return {NSUTF16BigEndianStringEncoding, 2};
+    if (const ByteOrderMark mark = byteOrderMark(bytes); mark.encoding != NSNoStringEncoding)
+        return {mark.encoding, mark.size};
     if (bytes.starts_with("<\0?\0x\0"sv)) return {NSUTF16LittleEndianStringEncoding, 0};
     if (bytes.starts_with("\0<\0?\0x"sv)) return {NSUTF16BigEndianStringEncoding, 0};
 

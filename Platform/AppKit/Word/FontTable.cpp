@@ -11,29 +11,7 @@ namespace {
 
 constexpr unsigned kWindowsLatin = 1252, kMacintoshRoman = 10000;
 
-enum CharacterSet : uint8_t { kSymbolSet = 2, kMacintoshSet = 77 };
-
-// Zero for the sets that leave the encoding to the document.
-unsigned codePageOfCharacterSet(uint8_t characterSet) {
-    switch (characterSet) {
-    case kMacintoshSet: return kMacintoshRoman;
-    case 128: return 932;
-    case 129: return 949;
-    case 130: return 1361;
-    case 134: return 936;
-    case 136: return 950;
-    case 161: return 1253;
-    case 162: return 1254;
-    case 163: return 1258;
-    case 177: return 1255;
-    case 178: return 1256;
-    case 186: return 1257;
-    case 204: return 1251;
-    case 222: return 874;
-    case 238: return 1250;
-    default: return 0;
-    }
-}
+enum CharacterSet : uint8_t { kWesternSet = 0, kSymbolSet = 2 };
 
 // The Windows code page of a language identifier, whose low ten bits are the language proper.
 unsigned codePageOfLanguage(uint16_t language) {
@@ -104,8 +82,9 @@ void FontTable::readFonts() {
         font.symbolFont = symbolFontNamed(nameAt(bytes, information_.isOld));
         if (characterSet == kSymbolSet && font.symbolFont == SymbolFont::none)
             font.symbolFont = SymbolFont::other;
-        if (unsigned own = codePageOfCharacterSet(characterSet); own != 0)
-            font.encoding = encodingForCodePage(own);
+        // Writers give the Western set to fonts of every language.
+        const unsigned own = characterSet == kWesternSet ? 0 : codePageForFontCharset(characterSet);
+        if (own != 0) font.encoding = encodingForCodePage(own);
         fonts_.push_back(font);
         offset += bytes.size();
     }
