@@ -71,6 +71,15 @@ constexpr struct {
     {12001, "utf-32be"},
 };
 
+TEST(EncodingNames, FontCharsetsHaveTheirCodePages) {
+    EXPECT_EQ(codePageForFontCharset(0), 1252u);
+    EXPECT_EQ(codePageForFontCharset(77), 10000u);
+    EXPECT_EQ(codePageForFontCharset(128), 932u);
+    EXPECT_EQ(codePageForFontCharset(204), 1251u);
+    EXPECT_EQ(codePageForFontCharset(255), 850u);
+    for (int unknown : {-1, 1, 2, 256}) EXPECT_EQ(codePageForFontCharset(unknown), 0u) << unknown;
+}
+
 } // namespace
 
 TEST(EncodingNames, EveryLabelOfTheWebResolves) {

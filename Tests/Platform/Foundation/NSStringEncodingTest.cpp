@@ -131,6 +131,23 @@ char16_t unitInLibrary(NSStringEncoding encoding, unsigned byte, char16_t unit) 
     return unit;
 }
 
+TEST(NSStringEncoding, ByteOrderMarksAreKnownAtTheStart) {
+    using namespace std::string_view_literals;
+    EXPECT_EQ(byteOrderMark("\xEF\xBB\xBFx").encoding, NSUTF8StringEncoding);
+    EXPECT_EQ(byteOrderMark("\xEF\xBB\xBFx").size, 3u);
+    EXPECT_EQ(byteOrderMark("\xFE\xFF").encoding, NSUTF16BigEndianStringEncoding);
+    EXPECT_EQ(byteOrderMark("\xFF\xFE\0\0"sv).encoding, NSUTF16LittleEndianStringEncoding);
+    EXPECT_EQ(byteOrderMark("\xFF\xFE\0\0"sv).size, 2u);
+    EXPECT_EQ(byteOrderMarkOfUTF32("\xFF\xFE\0\0"sv).encoding, NSUTF32LittleEndianStringEncoding);
+    EXPECT_EQ(byteOrderMarkOfUTF32("\0\0\xFE\xFF"sv).encoding, NSUTF32BigEndianStringEncoding);
+    EXPECT_EQ(byteOrderMarkOfUTF32("\0\0\xFE\xFF"sv).size, 4u);
+    for (std::string_view without : {""sv, "\xEF\xBB"sv, "\xFF"sv, "x\xFE\xFF"sv}) {
+        EXPECT_EQ(byteOrderMark(without).encoding, NSNoStringEncoding);
+        EXPECT_EQ(byteOrderMark(without).size, 0u);
+        EXPECT_EQ(byteOrderMarkOfUTF32(without).encoding, NSNoStringEncoding);
+    }
+}
+
 } // namespace
 
 TEST(NSStringEncoding, PagesAgreeWithTheLibrary) {

@@ -5,39 +5,16 @@
 #include "Platform/Foundation/NSNull.h"
 #include "Platform/Foundation/NSNumber.h"
 #include "Platform/Foundation/NSURL.h"
-#include "Tests/Platform/Foundation/PropertyListTesting.h"
-#include "Tests/Support/TemporaryFolder.h"
+#include "Tests/Platform/Foundation/ArchiveTesting.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
 
 namespace {
 
-const std::string kHeader = "04 0B \"streamtyped\" 81 E8 03 84 01 40";
-// Strings: 0 "@", 1 the class, 2 "NSObject". Objects: 0 the root, 1 and 2 its classes.
-std::string rootOf(const std::string& name, int version = 0) {
-    static constexpr char digits[] = "0123456789ABCDEF";
-    std::string length{digits[name.size() >> 4], digits[name.size() & 15]};
-    return kHeader + "84 84 84" + length + "\"" + name + "\" 0" + digits[version] +
-           "84 84 08 \"NSObject\" 00 85";
-}
-
-NSObject readArchive(const std::string& notation, NSError* error = nullptr) {
-    return NSUnarchiver::unarchiveObjectWithData(bytesOf(notation), error);
-}
-
-std::string problemOf(const std::string& notation) {
-    NSError error;
-    EXPECT_FALSE(readArchive(notation, &error)) << notation;
-    EXPECT_EQ(error.code(), error ? 4864 : 0);
-    return debugDescription(error).utf8();
-}
-
-NSNumber number(int64_t value) { return NSNumber::withInteger(value); }
-
 TEST(Unarchiver, RefusesEveryArchiveThatIsCut) {
     for (const char* name : {"NSURLRelative", "NestedScalars", "b-NSArrayWithMixedType", "NSMutableData"}) {
-        const std::string whole = readFile(TEST_DATA_FOLDER "/Archives/" + std::string(name));
+        const std::string whole = genuineArchive(name);
         for (size_t length = 0; length < whole.size(); ++length) {
             NSError error;
             EXPECT_FALSE(
