@@ -4,6 +4,7 @@
 #include "Platform/AppKit/HTML/HTMLCharacters.h"
 
 #include <initializer_list>
+#include <utility>
 
 namespace {
 
@@ -70,6 +71,10 @@ std::string_view nameInTag(const GumboStringPiece& source) {
 } // namespace
 
 HTMLElement::HTMLElement(const GumboNode& node) {
+    static constexpr std::pair<std::string_view, const char * HTMLElement::*> kAttributes[] = {
+        {"style", &HTMLElement::style}, {"hidden", &HTMLElement::hidden}, {"open", &HTMLElement::open},
+        {"src", &HTMLElement::src},     {"data", &HTMLElement::data},     {"type", &HTMLElement::type},
+        {"value", &HTMLElement::value}, {"start", &HTMLElement::start}};
     const GumboElement& element = node.v.element;
     name.tag = element.tag;
     isHTML = element.tag_namespace == GUMBO_NAMESPACE_HTML;
@@ -77,26 +82,11 @@ HTMLElement::HTMLElement(const GumboNode& node) {
     for (unsigned i = 0; i < element.attributes.length; ++i) {
         const auto& attribute = *static_cast<const GumboAttribute*>(element.attributes.data[i]);
         const std::string_view key = attribute.name;
-        if (key == "class"sv)
-            name.classes = std::string_view(attribute.value).substr(0, kClassesLength);
-        else if (key == "id"sv)
-            name.id = attribute.value;
-        else if (key == "style"sv)
-            style = attribute.value;
-        else if (key == "hidden"sv)
-            hidden = attribute.value;
-        else if (key == "open"sv)
-            open = attribute.value;
-        else if (key == "src"sv)
-            src = attribute.value;
-        else if (key == "data"sv)
-            data = attribute.value;
-        else if (key == "type"sv)
-            type = attribute.value;
-        else if (key == "value"sv)
-            value = attribute.value;
-        else if (key == "start"sv)
-            start = attribute.value;
+        if (key == "class"sv) name.classes = std::string_view(attribute.value).substr(0, kClassesLength);
+        if (key == "id"sv) name.id = attribute.value;
+        for (const auto& [known, member] : kAttributes) {
+            if (key == known) this->*member = attribute.value;
+        }
     }
 }
 
