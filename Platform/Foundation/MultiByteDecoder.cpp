@@ -160,11 +160,6 @@ bool convertAll(std::u16string& out, std::string_view bytes, const Charset& char
 
 bool isMultiByteEncoding(NSStringEncoding encoding) { return charsetOf(encoding) != kCharsetCount; }
 
-bool isLeadByte(NSStringEncoding encoding, unsigned char byte) {
-    const CharsetIndex index = charsetOf(encoding);
-    return index != kCharsetCount && isLead(kCharsets[index], byte);
-}
-
 bool appendMultiByte(std::u16string& out, std::string_view bytes, NSStringEncoding encoding) {
     const size_t plain = size_t(std::find_if(bytes.begin(), bytes.end(), isHighByte) - bytes.begin());
     appendUTF8(out, bytes.substr(0, plain));

@@ -71,6 +71,3 @@ bool appendDecoded(std::u16string& out, std::string_view bytes, NSStringEncoding
 // The units of bytes 0x80 to 0xFF (128 of them) when the encoding has one byte a character and agrees with
 // ASCII below 0x80, else null: for readers that decode byte by byte.
 const char16_t* upperHalf(NSStringEncoding encoding);
-
-// True for the double-byte East Asian code pages when `byte` starts a two-byte character.
-bool isLeadByte(NSStringEncoding encoding, unsigned char byte);

@@ -142,30 +142,6 @@ TEST(EastAsianEncodings, WithoutAConverterASCIIRemains) {
     EXPECT_EXIT(decodeWithoutFiles(), testing::ExitedWithCode(0), "");
 }
 
-TEST(EastAsianEncodings, LeadBytesAreThoseOfTheirPages) {
-    auto leads = [](NSStringEncoding encoding) {
-        std::string list;
-        for (unsigned byte = 0; byte < 256; ++byte) {
-            if (isLeadByte(encoding, static_cast<unsigned char>(byte))) list.push_back(char(byte));
-        }
-        return list;
-    };
-    auto span = [](unsigned first, unsigned last) {
-        std::string list;
-        for (unsigned byte = first; byte <= last; ++byte) list.push_back(char(byte));
-        return list;
-    };
-    EXPECT_EQ(leads(encodingForCodePage(932)), span(0x81, 0x9F) + span(0xE0, 0xFC));
-    EXPECT_EQ(leads(encodingForCodePage(10001)), leads(encodingForCodePage(932)));
-    for (unsigned page : {936, 949, 950, 10002, 10003, 10008, 51949, 54936}) {
-        EXPECT_EQ(leads(encodingForCodePage(page)), span(0x81, 0xFE)) << page;
-    }
-    EXPECT_EQ(leads(encodingForCodePage(1361)), span(0x84, 0xD3) + span(0xD8, 0xDE) + span(0xE0, 0xF9));
-    EXPECT_EQ(leads(NSJapaneseEUCStringEncoding), "\x8E" + span(0xA1, 0xFE));
-    EXPECT_EQ(leads(NSWindowsCP1252StringEncoding), "");
-    EXPECT_EQ(leads(NSUTF8StringEncoding), "");
-}
-
 TEST(EastAsianEncodings, HaveNoUpperHalf) {
     for (const auto& each : kTexts) EXPECT_EQ(upperHalf(each.encoding), nullptr);
 }
