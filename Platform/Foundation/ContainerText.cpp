@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Foundation/ContainerText.h"
 
+#include "Platform/Foundation/ASCII.h"
+
 #include <algorithm>
 
 namespace {
 
 bool isPlain(std::u16string_view text) {
-    return !text.empty() && std::all_of(text.begin(), text.end(), [](char16_t c) {
-        return (c >= u'0' && c <= u'9') || (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z');
-    });
+    return !text.empty() &&
+           std::all_of(text.begin(), text.end(), [](char16_t c) { return isLetter(c) || isDigit(c); });
 }
 
 char16_t escapeLetter(char16_t c) {

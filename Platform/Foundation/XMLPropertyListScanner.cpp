@@ -32,12 +32,9 @@ char32_t codePoint(View digits) {
     const char32_t base = isHex ? 16 : 10;
     char32_t value = 0;
     for (char16_t c : digits) {
-        char32_t lower = c >= u'A' && c <= u'F' ? c + 32u : c;
-        char32_t digit = c >= u'0' && c <= u'9'           ? c - u'0'
-                         : lower >= u'a' && lower <= u'f' ? lower - u'a' + 10
-                                                          : base;
-        if (digit >= base) return none;
-        value = std::min<char32_t>(value * base + digit, none);
+        const int digit = hexDigit(c);
+        if (digit < 0 || char32_t(digit) >= base) return none;
+        value = std::min<char32_t>(value * base + char32_t(digit), none);
     }
     return digits.empty() ? none : value;
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/AppKit/HTML/HTMLTextTransform.h"
 
+#include "Platform/Foundation/ASCII.h"
+
 namespace {
 
 // A run of lower-case letters whose upper-case ones lie `distance` below; with a distance of 1 the letters of
@@ -50,8 +52,7 @@ char16_t lowerCase(char16_t c) {
 
 // Letters, digits, marks and apostrophes, roughly: what does not stand between two words.
 bool isInsideWord(char16_t c) {
-    if (c < 0x80)
-        return (c >= u'0' && c <= u'9') || (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') || c == u'\'';
+    if (isASCII(c)) return isLetter(c) || isDigit(c) || c == u'\'';
     if (c < 0xC0) return c == 0x00AA || c == 0x00B5 || c == 0x00BA;
     return c != 0x00D7 && c != 0x00F7 && !(c >= 0x2000 && c <= 0x206F && c != 0x2019) &&
            !(c >= 0x3000 && c <= 0x303F) && c != 0xFFFC;

@@ -12,11 +12,11 @@ constexpr std::string_view kZeroWidthSpace = "\xE2\x80\x8B";
 
 // A run of text without white space and of one kind: ASCII, or all else.
 size_t runLength(std::string_view text) {
-    const bool ascii = static_cast<unsigned char>(text.front()) < 0x80;
+    const bool ascii = isASCII(text.front());
     size_t length = 1;
     while (length < text.size()) {
         const char c = text[length];
-        if ((static_cast<unsigned char>(c) < 0x80) != ascii) break;
+        if (isASCII(c) != ascii) break;
         if (ascii ? isHTMLSpace(c) : text.substr(length).starts_with(kZeroWidthSpace)) break;
         ++length;
     }
@@ -45,7 +45,7 @@ void HTMLTextWriter::collapsed(std::string_view utf8) {
             if (space) text_.push_back(u' ');
             space = leading = false;
             length = runLength(utf8);
-            if (static_cast<unsigned char>(utf8.front()) < 0x80) {
+            if (isASCII(utf8.front())) {
                 text_.append(utf8.begin(), utf8.begin() + std::ptrdiff_t(length));
             } else {
                 appendUTF8(text_, utf8.substr(0, length));

@@ -71,6 +71,9 @@ constexpr Named kFormats[] = {
     {"upperRoman", {Kind::upperRoman, {}}},
 };
 
+static_assert(std::is_sorted(std::begin(kFormats), std::end(kFormats),
+                             [](const Named& a, const Named& b) { return a.name < b.name; }));
+
 } // namespace
 
 NumberFormat numberFormatNamed(std::string_view name) {
