@@ -28,6 +28,13 @@ namespace {
                            isClass ? "class" : "instance", static_cast<const void*>(object.body())));
 }
 
+// Null when objects of the kind have no archived form.
+const TypedStream::Class* archivedClassOf(const NSObject& object) {
+    if (!object || is<NSClass>(object)) return nullptr; // a class answers its own name, as its instances do
+    const TypedStream::Class* found = TypedStream::classNamed(object.className());
+    return found && found->kind == object.body()->kind() ? found : nullptr;
+}
+
 // Writes objects with a stack of its own, since errors can be nested as deeply as code cares to.
 class Archiver {
 public:
@@ -92,9 +99,8 @@ NSObject part(const NSObject& object, size_t index) {
 void Archiver::begin(const NSObject& object) {
     if (!object) return writer_.nil();
     if (writer_.reference(object.body())) return;
-    const TypedStream::Class* archivedClass = nullptr;
-    if (!is<NSClass>(object)) archivedClass = TypedStream::classNamed(object.className());
-    if (!archivedClass || archivedClass->kind != object.body()->kind()) raiseUnarchivable(object);
+    const TypedStream::Class* archivedClass = archivedClassOf(object);
+    if (!archivedClass) raiseUnarchivable(object);
     writer_.beginObject(object.body(), *archivedClass);
     contents(object);
     open_.push_back({object});
@@ -204,3 +210,5 @@ void Archiver::geometry(const NSValue::Geometry& geometry) { std::visit(Geometry
 NSData NSArchiver::archivedDataWithRootObject(const NSObject& object) {
     return NSData(Archiver().archive(object));
 }
+
+bool NSArchiver::conformsToCoding(const NSObject& object) { return archivedClassOf(object) != nullptr; }

@@ -12,6 +12,10 @@ public:
     // The archive of an object, or of nil. Raises an invalid-argument exception when a value inside cannot be
     // archived (class objects, objects of classes of our own).
     static NSData archivedDataWithRootObject(const NSObject& object);
+
+    // Whether the archiver has a form for the object, as for every class that conforms to NSCoding. What a
+    // container holds is not asked. False for nil.
+    static bool conformsToCoding(const NSObject& object);
 };
 
 class NSUnarchiver {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "ZORFoundation/Source/NSError+ZOR.h"
 
+#include "Platform/Foundation/NSArchiver.h"
 #include "Platform/Foundation/NSUserDefaults.h"
 #include "Platform/Foundation/StringFormat.h"
 #include "ZORFoundation/Source/ZORFunctions.h"
@@ -14,12 +15,29 @@ void addIfMissing(NSMutableDictionary& info, const char16_t* key, const NSString
 
 } // namespace
 
-NSError ZORError1(int64_t code, const NSDictionary& userInfo) {
-    return NSError(ZORErrorDomain, code, userInfo);
-}
-
 bool zorHasDomain(const NSError& error, const NSString& domain, int64_t code) {
     return error && error.domain().isEqualToString(domain) && error.code() == code;
+}
+
+bool zorIsFilePermissionsError(const NSError& error) {
+    constexpr int64_t permissionDenied = 13; // the platform's EACCES
+    return zorHasDomain(error, NSCocoaErrorDomain, NSFileWriteNoPermissionError) ||
+           zorHasDomain(error, NSCocoaErrorDomain, NSFileWriteUnknownError) ||
+           zorHasDomain(error, NSPOSIXErrorDomain, permissionDenied);
+}
+
+NSError zorArchivableError(const NSError& error) {
+    if (!error) return nullptr;
+    NSMutableDictionary info;
+    for (const auto& [key, value] : error.userInfo()) {
+        if (is<NSError>(value)) {
+            info.setObject(zorArchivableError(as<NSError>(value)), key);
+        } else {
+            // Objects of scripting and events have no archived form either, whatever framework defines them.
+            info.setObject(NSArchiver::conformsToCoding(value) ? value : value.description(), key);
+        }
+    }
+    return NSError(error.domain(), error.code(), std::move(info).copy());
 }
 
 NSString zorFullDescription(const NSError& error) {
