@@ -170,6 +170,21 @@ ByteOrder takeByteOrder(std::string_view& bytes, const ByteOrderMark& mark, NSSt
 
 } // namespace
 
+bool isStringEncodingAvailable(NSStringEncoding encoding) {
+    switch (encoding) {
+    case NSUTF8StringEncoding:
+    case NSUnicodeStringEncoding:
+    case NSUTF16BigEndianStringEncoding:
+    case NSUTF16LittleEndianStringEncoding:
+    case NSUTF32StringEncoding:
+    case NSUTF32BigEndianStringEncoding:
+    case NSUTF32LittleEndianStringEncoding: return true;
+    default:
+        return oneByteEncoding(encoding) || isMultiByteEncoding(encoding) ||
+               eightBitEncoding(encoding) != NSNoStringEncoding;
+    }
+}
+
 bool appendDecoded(std::u16string& out, std::string_view bytes, NSStringEncoding encoding) {
     switch (encoding) {
     case NSUTF8StringEncoding: return appendUTF8(out, bytes);

@@ -61,6 +61,9 @@ ByteOrderMark byteOrderMarkOfUTF32(std::string_view bytes);
 // what a browser makes of "iso-8859-1" is the HTML reader's business.
 NSStringEncoding encodingForIANAName(std::string_view name);
 
+// Whether text in the encoding can be read.
+bool isStringEncodingAvailable(NSStringEncoding encoding);
+
 // Appends the text of `bytes` to `out`. Bytes that the encoding does not define become U+FFFD (in Windows
 // code pages 1250 to 1258 the C1 control of the same number, as Windows and the Web have it). Returns true
 // when there were none. ASCII is read as ISO Latin 1 and an unknown encoding as Windows code page 1252. No

@@ -1,14 +1,32 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// Comparison of text by Unicode's rules. Plain ASCII is compared here; other text goes through the "Unicode"
-// module, which alone links the Unicode library.
+// The way to the Unicode library, which the module "Unicode" alone links. Whoever can answer for plain ASCII
+// does so before asking here.
 #pragma once
 
-#include "Platform/Foundation/NSString.h"
+#include <cstddef>
+#include <string>
+#include <string_view>
 
-// True when the texts are the same but for case (simple case folding, no locale) and for the composition of
-// their characters; diacritics count. Raises a generic exception when the module is needed and missing.
-bool isCaseInsensitiveEqual(const NSString& a, const NSString& b);
+struct UnicodeRange {
+    size_t start, end;
+};
 
-// The module's entry.
-using CaseInsensitiveEqual = bool (*)(std::u16string_view a, std::u16string_view b);
+// What the module's entry, a function without arguments, answers.
+struct UnicodeFunctions {
+    // The extended grapheme cluster with the unit at `index`, which is inside the text.
+    UnicodeRange (*cluster)(std::u16string_view text, size_t index);
+
+    // The form in which texts are equal when they differ in nothing but what the options (bits of
+    // NSStringCompareOptions) leave out of account and in the composition of their characters.
+    std::u16string (*folded)(std::u16string_view text, unsigned options);
+
+    // The first place, or with the anchored option the first character, where the text is equal to `wanted`
+    // in that sense, whole characters only. False when there is none.
+    bool (*find)(std::u16string_view text, std::u16string_view wanted, unsigned options, UnicodeRange& found);
+};
+
+// Loads the module at the first call. Raises a generic exception when it is missing.
+const UnicodeFunctions& unicodeFunctions();
+
+using UnicodeModuleEntry = const UnicodeFunctions* (*)();

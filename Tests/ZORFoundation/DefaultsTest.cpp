@@ -209,7 +209,7 @@ TEST(NilKeyDeathTest, IsReportedThenStopsTheProcess) {
                          "Precondition Failed: key";
     EXPECT_DEATH((void)zorBoolForKey(defaults, nullptr, u"d", true), report);
     EXPECT_DEATH((void)zorBoolForKey(defaults, nullptr, u"d", true),
-                 "Assertion failed: \\(\\(key\\)\\), function -\\[NSUserDefaults\\(ZOR\\) "
+                 "Assertion failed: \\(\\(\\(key\\)\\)\\), function -\\[NSUserDefaults\\(ZOR\\) "
                  "zorBoolForKey:domain:defaultValue:\\], file ZORFoundation/Source/NSUserDefaults.ZOR, line "
                  "[0-9]+\\.");
     EXPECT_DEATH((void)zorIntegerForKey(defaults, nullptr, u"d", 1), "zorIntegerForKey:domain:defaultValue:");

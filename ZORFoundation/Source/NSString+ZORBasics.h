@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// Tests on strings.
+// Everything that the library adds to strings, but for paths. Strings are UTF-16 units, U+0000 and lone
+// surrogates among them, and every length and index counts units; "composed" operations never part what a
+// reader takes for one character. No operation fails on nil, which counts as "", where nothing else is said.
 #pragma once
 
-#include "Platform/Foundation/NSString.h"
-
-// True when the other object is a string that differs in nothing but case. No locale; diacritics count. Two
-// nils are not equal.
-bool zorCaseInsensitiveIsEqual(const NSString& text, const NSObject& other);
+#include "ZORFoundation/Source/NSString+ZORComparisons.h"
+#include "ZORFoundation/Source/NSString+ZORCreation.h"
+#include "ZORFoundation/Source/NSString+ZORTextMunging.h"

@@ -5,12 +5,20 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <string>
 
 void zorStopAfterReport(const ZORFunctions::Location& location, const char* method, const char* condition) {
+    const std::string expression = std::string("((") + condition + "))";
+    zorStopAfterReport(location, method, stringWithFormat("Precondition Failed: %s", condition),
+                       expression.c_str());
+}
+
+void zorStopAfterReport(const ZORFunctions::Location& location, const char* method, const NSString& report,
+                        const char* expression) {
     try {
-        ZORFunctions::assertionFailed(location, stringWithFormat("Precondition Failed: %s", condition));
+        ZORFunctions::assertionFailed(location, report);
     } catch (const ZORException&) {
-        fprintf(stderr, "Assertion failed: ((%s)), function %s, file %s, line %lu.\n", condition, method,
+        fprintf(stderr, "Assertion failed: (%s), function %s, file %s, line %lu.\n", expression, method,
                 location.file, location.line);
         abort();
     }

@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "Platform/Foundation/NSStringCompare.h"
+
+#include "Platform/Foundation/Unicode.h"
+
+#include <algorithm>
+
+namespace {
+
+using View = std::u16string_view;
+
+constexpr NSRange kNowhere{NSNotFound, 0};
+
+char16_t lowered(char16_t c) { return c >= u'A' && c <= u'Z' ? char16_t(c + 32) : c; }
+
+bool equalButForCase(char16_t a, char16_t b) { return lowered(a) == lowered(b); }
+
+// In blocks without a way out, which the compiler turns into vector code.
+bool isASCII(View text) {
+    constexpr size_t block = 4096;
+    for (; !text.empty(); text.remove_prefix(std::min(block, text.size()))) {
+        unsigned seen = 0;
+        for (char16_t c : text.substr(0, block)) seen |= c;
+        if (seen >= 0x80) return false;
+    }
+    return true;
+}
+
+NSRange rangeInASCII(View text, View wanted, unsigned options) {
+    if (options & NSAnchoredSearch) text = text.substr(0, wanted.size());
+    const auto found =
+        options & NSCaseInsensitiveSearch
+            ? std::search(text.begin(), text.end(), wanted.begin(), wanted.end(), equalButForCase)
+            : text.begin() + ptrdiff_t(std::min(text.find(wanted), text.size()));
+    return found == text.end() ? kNowhere : NSRange{size_t(found - text.begin()), wanted.size()};
+}
+
+NSComparisonResult ordered(int order) {
+    return order < 0 ? NSOrderedAscending : order > 0 ? NSOrderedDescending : NSOrderedSame;
+}
+
+} // namespace
+
+NSRange rangeOfString(const NSString& text, const NSString& wanted, unsigned options) {
+    View units = text.text(), pattern = wanted.text();
+    if (pattern.empty()) return kNowhere;
+    if (options & NSLiteralSearch) {
+        const size_t at =
+            (options & NSAnchoredSearch ? units.substr(0, pattern.size()) : units).find(pattern);
+        return at == View::npos ? kNowhere : NSRange{at, pattern.size()};
+    }
+    // One unit more: an accent that follows the match belongs to it.
+    const View looked = options & NSAnchoredSearch ? units.substr(0, pattern.size() + 1) : units;
+    if (isASCII(pattern) && isASCII(looked)) return rangeInASCII(units, pattern, options);
+    UnicodeRange found{};
+    if (!unicodeFunctions().find(units, pattern, options, found)) return kNowhere;
+    return {found.start, found.end - found.start};
+}
+
+NSComparisonResult caseInsensitiveCompare(const NSString& a, const NSString& b) {
+    const View left = a.text(), right = b.text();
+    size_t i = 0;
+    const size_t shared = std::min(left.size(), right.size());
+    while (i < shared && left[i] < 0x80 && right[i] < 0x80 && equalButForCase(left[i], right[i])) ++i;
+    if (i == shared) return ordered(int(left.size() > shared) - int(right.size() > shared));
+    if (left[i] < 0x80 && right[i] < 0x80) return ordered(int(lowered(left[i])) - int(lowered(right[i])));
+    const UnicodeFunctions& unicode = unicodeFunctions();
+    return ordered(unicode.folded(left.substr(i), NSCaseInsensitiveSearch)
+                       .compare(unicode.folded(right.substr(i), NSCaseInsensitiveSearch)));
+}
