@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 //
 // Character encodings: their platform numbers, the names and code-page numbers that documents use for them,
-// and the one decoder that all readers share.
+// the one decoder that all readers share, and its counterpart.
 #pragma once
 
 #include <cstddef>
@@ -70,6 +70,12 @@ bool isStringEncodingAvailable(NSStringEncoding encoding);
 // byte order mark is dropped here but with NSUnicodeStringEncoding and NSUTF32StringEncoding, whose mark
 // tells the order.
 bool appendDecoded(std::u16string& out, std::string_view bytes, NSStringEncoding encoding);
+
+// Appends the bytes of `text`. False, with `out` in any state, when a character is not in the encoding, a
+// surrogate stands alone where the encoding holds characters, or the encoding is not known or cannot be
+// written (HZ). The encodings whose byte order a mark tells are written little-endian with their mark; no
+// other mark is written.
+bool appendEncoded(std::string& out, std::u16string_view text, NSStringEncoding encoding);
 
 // The units of bytes 0x80 to 0xFF (128 of them) when the encoding has one byte a character and agrees with
 // ASCII below 0x80, else null: for readers that decode byte by byte.

@@ -230,6 +230,15 @@ std::string toUTF8(std::u16string_view text, LoneSurrogates lone) {
     return bytes;
 }
 
+bool hasLoneSurrogate(std::u16string_view text) {
+    for (size_t i = 0; i < text.size(); ++i) {
+        if (!isSurrogate(text[i])) continue;
+        if (!isHighSurrogate(text[i]) || i + 1 == text.size() || !isLowSurrogate(text[i + 1])) return true;
+        ++i;
+    }
+    return false;
+}
+
 bool isUTF8(std::string_view bytes) {
     const Byte* p = asBytes(bytes);
     const Byte* const end = p + bytes.size();

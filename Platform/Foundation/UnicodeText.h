@@ -43,5 +43,7 @@ enum class LoneSurrogates {
 
 std::string toUTF8(std::u16string_view text, LoneSurrogates lone = LoneSurrogates::replaced);
 
+bool hasLoneSurrogate(std::u16string_view text);
+
 // True when the bytes are strict UTF-8.
 bool isUTF8(std::string_view bytes);

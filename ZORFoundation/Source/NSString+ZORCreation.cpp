@@ -5,6 +5,9 @@
 #include "Platform/Foundation/NSPathUtilities.h"
 #include "ZORFoundation/Source/NSError+ZOR.h"
 
+#include <array>
+#include <sys/random.h>
+
 namespace {
 
 bool isUTF16(NSStringEncoding encoding) {
@@ -13,6 +16,40 @@ bool isUTF16(NSStringEncoding encoding) {
 }
 
 } // namespace
+
+NSString zorStringWithFormat(std::string_view format, std::initializer_list<FormatArgument> arguments) {
+    return formatString(format, arguments);
+}
+
+NSString zorUniqueString() {
+    std::array<unsigned char, 16> bytes;
+    if (getrandom(bytes.data(), bytes.size(), 0) != ssize_t(bytes.size())) return nullptr;
+    bytes[6] = static_cast<unsigned char>((bytes[6] & 0x0F) | 0x40); // version 4: random
+    bytes[8] = static_cast<unsigned char>((bytes[8] & 0x3F) | 0x80);
+    std::u16string text;
+    for (size_t i = 0; i < bytes.size(); ++i) {
+        if (i == 4 || i == 6 || i == 8 || i == 10) text.push_back(u'-');
+        text += stringWithFormat("%02X", bytes[i]).text();
+    }
+    return text;
+}
+
+NSString zorUniqueString(const NSString& prefix) {
+    return stringWithFormat("%@.%@", prefix, zorUniqueString());
+}
+
+NSStringEncoding zorStringEncodingForMIMEEncoding(const NSString& name) {
+    const NSStringEncoding encoding = encodingForIANAName(name.utf8());
+    return encoding == NSNoStringEncoding ? NSStringEncoding(NSISOLatin1StringEncoding) : encoding;
+}
+
+NSString zorStringWithCharacter(char16_t unit) { return std::u16string(1, unit); }
+
+NSString zorStringWith32BitCharacter(uint32_t codePoint) {
+    std::string bytes;
+    for (unsigned shift = 0; shift < 32; shift += 8) bytes.push_back(char(codePoint >> shift));
+    return zorStringWithData(NSData(bytes), NSUTF32LittleEndianStringEncoding);
+}
 
 NSString zorStringWithData(const NSData& data, NSStringEncoding encoding) {
     if (!data || !isStringEncodingAvailable(encoding)) return nullptr;
@@ -35,6 +72,16 @@ NSString zorStringWithData(const NSData& data, NSStringEncoding encoding, NSErro
 }
 
 NSString zorStringWithUTF8Data(const NSData& data) { return zorStringWithData(data, NSUTF8StringEncoding); }
+
+NSString zorStringWithContentsOfFile(const NSString& path) {
+    if (!path) return nullptr;
+    const NSData data = NSData::dataWithContentsOfFile(path, 0, nullptr);
+    if (!data) return nullptr;
+    if (NSString text = zorStringWithUTF8Data(data)) return text;
+    const std::string_view bytes = data.bytes();
+    const bool hasMark = bytes.starts_with("\xFE\xFF") || bytes.starts_with("\xFF\xFE");
+    return zorStringWithData(data, hasMark ? NSUnicodeStringEncoding : NSMacOSRomanStringEncoding);
+}
 
 NSString zorStringWithFileSystemRepresentation(const char* bytes) {
     return bytes ? stringWithFileSystemRepresentation(bytes) : nullptr;
