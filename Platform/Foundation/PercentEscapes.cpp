@@ -17,7 +17,6 @@ constexpr bool isAlphanumeric(char32_t c) {
     return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
 }
 
-// One bit per ASCII character.
 constexpr auto kIsLegal = [] {
     std::array<bool, 0x80> legal{};
     for (char32_t c = 0; c < legal.size(); ++c) legal[c] = isAlphanumeric(c);
@@ -25,7 +24,7 @@ constexpr auto kIsLegal = [] {
     return legal;
 }();
 
-bool contains(View set, char16_t unit) { return set.find(unit) != View::npos; }
+bool contains(View set, View character) { return set.find(character) != View::npos; }
 
 void appendEscape(std::u16string& out, unsigned char byte) {
     out.push_back(u'%');
@@ -33,10 +32,10 @@ void appendEscape(std::u16string& out, unsigned char byte) {
     out.push_back(char16_t(kHexDigits[byte & 15]));
 }
 
-// The length in units of the character at `i`; 0 for a lone surrogate.
-size_t characterLength(View text, size_t i) {
-    if (!isSurrogate(text[i])) return 1;
-    return isHighSurrogate(text[i]) && i + 1 < text.size() && isLowSurrogate(text[i + 1]) ? 2 : 0;
+// The character at `i`; a lone surrogate is one.
+View characterAt(View text, size_t i) {
+    const bool pair = isHighSurrogate(text[i]) && i + 1 < text.size() && isLowSurrogate(text[i + 1]);
+    return text.substr(i, pair ? 2 : 1);
 }
 
 int hexDigit(char16_t c) {
@@ -76,24 +75,24 @@ std::u16string escapedCharacter(View text) {
 NSString CFURLCreateStringByAddingPercentEscapes(const NSString& text, const NSString& leftUnescaped,
                                                  const NSString& alsoEscaped) {
     const View units = text.text(), left = leftUnescaped.text(), also = alsoEscaped.text();
-    const auto isLiteral = [&](char16_t unit) {
-        return unit < 0x80 && kIsLegal[unit] ? !contains(also, unit) : contains(left, unit);
+    const auto isLiteral = [&](View character) {
+        const bool legal = character[0] < 0x80 && kIsLegal[character[0]];
+        return legal ? !contains(also, character) : contains(left, character);
     };
-    if (std::all_of(units.begin(), units.end(), isLiteral)) return text;
-
+    if (!text) return nullptr;
     std::u16string out;
     out.reserve(units.size() + units.size() / 2);
     for (size_t i = 0; i < units.size();) {
-        if (isLiteral(units[i])) {
-            out.push_back(units[i++]);
+        const View character = characterAt(units, i);
+        i += character.size();
+        if (isLiteral(character)) {
+            out += character;
             continue;
         }
-        const size_t length = characterLength(units, i);
-        if (length == 0) return nullptr;
-        for (char byte : toUTF8(units.substr(i, length))) appendEscape(out, static_cast<unsigned char>(byte));
-        i += length;
+        if (hasLoneSurrogate(character)) return nullptr;
+        for (char byte : toUTF8(character)) appendEscape(out, static_cast<unsigned char>(byte));
     }
-    return out;
+    return out.size() == units.size() ? text : NSString(std::move(out));
 }
 
 NSString CFURLCreateStringByReplacingPercentEscapes(const NSString& text, const NSString& leftEscaped) {
@@ -109,7 +108,7 @@ NSString CFURLCreateStringByReplacingPercentEscapes(const NSString& text, const 
         if (character.empty()) return nullptr;
         const size_t length = 3 * toUTF8(character).size();
         out += units.substr(start, escape - start);
-        out += kept.find(character) == View::npos ? View(character) : units.substr(escape, length);
+        out += contains(kept, character) ? units.substr(escape, length) : View(character);
         start = escape + length;
     }
     out += units.substr(start);

@@ -9,9 +9,9 @@
 #include <string>
 #include <string_view>
 
-// Escapes what is illegal in URLs: all but ASCII letters and digits and !$&'()*+,-./:;=?@_~. Units of
-// `leftUnescaped` stay even so, and units of `alsoEscaped` are escaped although they are legal. nil when a
-// surrogate that has to be escaped stands alone.
+// Escapes what is illegal in URLs: all but ASCII letters and digits and !$&'()*+,-./:;=?@_~. Characters of
+// `leftUnescaped` stay even so, and characters of `alsoEscaped` are escaped although they are legal. nil when
+// a surrogate that has to be escaped stands alone.
 NSString CFURLCreateStringByAddingPercentEscapes(const NSString& text, const NSString& leftUnescaped,
                                                  const NSString& alsoEscaped);
 

@@ -102,6 +102,8 @@ TEST(EncodingForAQuery, EscapesWhatPartsPairs) {
 TEST(EncodingAURL, KeepsWhatItIsTold) {
     EXPECT_EQ(zorEncodeURLKeepingUnescaped(u"a&b=c #%20é", u"#%").text(), u"a&b=c%20#%20%C3%A9");
     EXPECT_EQ(zorEncodeURLKeepingUnescaped(u"é è", u"é").text(), u"é%20%C3%A8");
+    EXPECT_EQ(zorEncodeURLKeepingUnescaped(u"\U0001F600 ", u"\U0001F600").text(), u"\U0001F600%20");
+    EXPECT_EQ(zorEncodeURLKeepingUnescaped(u"\U0001F600", u"\xD83D"s).text(), u"%F0%9F%98%80");
     EXPECT_EQ(zorEncodeURLKeepingUnescaped(u"a b", nullptr).text(), u"a%20b");
     EXPECT_EQ(zorEncodeURLKeepingUnescaped(u"a%b", u"").text(), u"a%25b");
 }

@@ -39,5 +39,6 @@ NSString zorStringByNormalizingLineBreaks(const NSString& text) {
         out.append(units, start, end - start).push_back(u'\n');
         start = end + breakLength(units, end);
     }
-    return out.append(units, start);
+    out.append(units, start);
+    return out;
 }

@@ -41,7 +41,8 @@ NSString replacing(View text, View wanted, View replacement, size_t atMost) {
         start = at + wanted.size();
         --atMost;
     }
-    return out.append(text, start);
+    out.append(text, start);
+    return out;
 }
 
 } // namespace
