@@ -6,4 +6,5 @@
 #include <string_view>
 
 // Negative, 0 or positive. `locale` is a language and, perhaps, a country: "sv_SE"; "" for none.
-using CollationModuleEntry = int (*)(std::u16string_view a, std::u16string_view b, const char* locale);
+using CollationModuleEntry = int (*)(std::u16string_view a, std::u16string_view b,
+                                     const char* locale) noexcept;

@@ -24,7 +24,9 @@ std::string collationLocale() {
 }
 
 // Other languages have rules of their own even for the plain letters.
-bool hasPlainOrder(std::string_view locale) { return locale.empty() || locale == "en" || locale.starts_with("en_"); }
+bool hasPlainOrder(std::string_view locale) {
+    return locale.empty() || locale == "en" || locale.starts_with("en_");
+}
 
 bool isDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
 

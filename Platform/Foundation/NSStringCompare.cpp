@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Foundation/NSStringCompare.h"
 
+#include "Platform/Foundation/NSException.h"
 #include "Platform/Foundation/Unicode.h"
 
 #include <algorithm>
@@ -35,6 +36,16 @@ NSRange rangeInASCII(View text, View wanted, unsigned options) {
     return found == text.end() ? kNowhere : NSRange{size_t(found - text.begin()), wanted.size()};
 }
 
+void requireMemory(bool enough) {
+    if (!enough) NSException(NSMallocException, u"The text is too long to be compared.").raise();
+}
+
+std::u16string foldedCase(View text) {
+    std::u16string folded;
+    requireMemory(unicodeFunctions().fold(text, NSCaseInsensitiveSearch, folded));
+    return folded;
+}
+
 NSComparisonResult ordered(int order) {
     return order < 0 ? NSOrderedAscending : order > 0 ? NSOrderedDescending : NSOrderedSame;
 }
@@ -53,8 +64,8 @@ NSRange rangeOfString(const NSString& text, const NSString& wanted, unsigned opt
     const View looked = options & NSAnchoredSearch ? units.substr(0, pattern.size() + 1) : units;
     if (isASCII(pattern) && isASCII(looked)) return rangeInASCII(units, pattern, options);
     UnicodeRange found{};
-    if (!unicodeFunctions().find(units, pattern, options, found)) return kNowhere;
-    return {found.start, found.end - found.start};
+    requireMemory(unicodeFunctions().find(units, pattern, options, found));
+    return found.start < found.end ? NSRange{found.start, found.end - found.start} : kNowhere;
 }
 
 NSComparisonResult caseInsensitiveCompare(const NSString& a, const NSString& b) {
@@ -64,7 +75,5 @@ NSComparisonResult caseInsensitiveCompare(const NSString& a, const NSString& b) 
     while (i < shared && left[i] < 0x80 && right[i] < 0x80 && equalButForCase(left[i], right[i])) ++i;
     if (i == shared) return ordered(int(left.size() > shared) - int(right.size() > shared));
     if (left[i] < 0x80 && right[i] < 0x80) return ordered(int(lowered(left[i])) - int(lowered(right[i])));
-    const UnicodeFunctions& unicode = unicodeFunctions();
-    return ordered(unicode.folded(left.substr(i), NSCaseInsensitiveSearch)
-                       .compare(unicode.folded(right.substr(i), NSCaseInsensitiveSearch)));
+    return ordered(foldedCase(left.substr(i)).compare(foldedCase(right.substr(i))));
 }

@@ -12,18 +12,20 @@ struct UnicodeRange {
     size_t start, end;
 };
 
-// What the module's entry, a function without arguments, answers.
+// What the module's entry, a function without arguments, answers. No function throws: those that answer bool
+// say false when memory is short.
 struct UnicodeFunctions {
     // The extended grapheme cluster with the unit at `index`, which is inside the text.
-    UnicodeRange (*cluster)(std::u16string_view text, size_t index);
+    UnicodeRange (*cluster)(std::u16string_view text, size_t index) noexcept;
 
     // The form in which texts are equal when they differ in nothing but what the options (bits of
     // NSStringCompareOptions) leave out of account and in the composition of their characters.
-    std::u16string (*folded)(std::u16string_view text, unsigned options);
+    bool (*fold)(std::u16string_view text, unsigned options, std::u16string& folded) noexcept;
 
-    // The first place, or with the anchored option the first character, where the text is equal to `wanted`
-    // in that sense, whole characters only. False when there is none.
-    bool (*find)(std::u16string_view text, std::u16string_view wanted, unsigned options, UnicodeRange& found);
+    // The first place, or with the anchored option only the start, where the text is equal to `wanted` in
+    // that sense, whole characters only; the empty range when there is none.
+    bool (*find)(std::u16string_view text, std::u16string_view wanted, unsigned options,
+                 UnicodeRange& found) noexcept;
 };
 
 // Loads the module at the first call. Raises a generic exception when it is missing.

@@ -4,8 +4,10 @@
 #include "Platform/Foundation/NSDate.h"
 #include "Platform/Foundation/NSNull.h"
 #include "Platform/Foundation/NSNumber.h"
+#include "Platform/Foundation/NSUserDefaults.h"
 #include "ZORFoundation/Source/NSError+ZOR.h"
 #include "ZORFoundation/Source/ZORException.h"
+#include "ZORFoundation/Source/ZORFunctions.h"
 
 #include <gtest/gtest.h>
 
@@ -97,6 +99,49 @@ TEST(ErrorFromException, TellsNameAndReason) {
     EXPECT_EQ(text(error, u"ZORShortFailureReason"), "Name - why at F:1 \nStack Trace: (null)");
     EXPECT_EQ(text(error, u"NSLocalizedRecoverySuggestion"), "why at F:1 ");
     EXPECT_FALSE(entry(error, u"ZORIsInAppSandbox"));
+}
+
+// A setting that is on for the length of a test.
+class Setting {
+public:
+    explicit Setting(const char16_t* key) : key_(key) { set(true); }
+    ~Setting() { set(false); }
+    Setting(const Setting&) = delete;
+    Setting& operator=(const Setting&) = delete;
+
+private:
+    void set(bool value) {
+        NSUserDefaults::standardUserDefaults().registerDefaults({{key_, NSNumber::withBool(value)}});
+    }
+    const NSString key_;
+};
+
+TEST(ErrorFromException, TellsOfTheSandbox) {
+    const Setting sandboxed(u"ZORAppSandbox");
+    EXPECT_EQ(entry(zorErrorFromException(ZORException(u"N", u"r")), u"ZORIsInAppSandbox"),
+              NSNumber::withBool(true));
+}
+
+TEST(ErrorFromException, OfOneWithoutNameAndReasonStoresText) {
+    NSError error = zorErrorFromException(NSException(nullptr, nullptr));
+    EXPECT_EQ(text(error, u"NSLocalizedDescription"), "<nil>");
+    EXPECT_EQ(text(error, u"NSLocalizedFailureReason"), "(null) - (null)\nStack Trace: (null)");
+    EXPECT_EQ(text(error, u"NSLocalizedRecoverySuggestion"), "<nil>");
+}
+
+TEST(FullDescription, LogsTheShortFormWhenTheSettingSaysSo) {
+    class Recorder : public ZORLoggingDelegate {
+    public:
+        Recorder() { ZORFunctions::setLoggingDelegate(this); }
+        ~Recorder() override { ZORFunctions::setLoggingDelegate(nullptr); }
+        void logString(const NSString& line) override { lines.push_back(line.utf8()); }
+        std::vector<std::string> lines;
+    } recorder;
+    (void)zorFullDescription(kError);
+    EXPECT_TRUE(recorder.lines.empty());
+    const Setting shortLogging(u"ErrorShortLogging");
+    EXPECT_TRUE(zorFullDescription(kError).text().starts_with(u"<NSError Domain=Domain Code=-7 UserInfo={"));
+    EXPECT_EQ(recorder.lines, std::vector<std::string>{"Error: " + kError.description().utf8()});
 }
 
 TEST(SettingAnEntry, LeavesTheErrorAsItWas) {

@@ -172,7 +172,10 @@ TEST(Chunking, PutsTheSeparatorBeforeEveryMultiple) {
 TEST(Chunking, ByNothingIsAProgrammingError) {
     EXPECT_EQ(zorStringByChunking(u"a", 0, u"-").text(), u"a");
     EXPECT_EQ(zorStringByChunking(u"", 0, u"-").text(), u"");
+    testing::internal::CaptureStderr();
     EXPECT_THROW((void)zorStringByChunking(u"ab", 0, u"-"), ZORException);
+    EXPECT_NE(testing::internal::GetCapturedStderr().find("Precondition Failed: length >= 1"),
+              std::string::npos);
 }
 
 TEST(Substrings, StopAtTheEnds) {

@@ -34,7 +34,7 @@ constexpr size_t kReach = size_t(1) << 30;
 
 } // namespace
 
-UnicodeRange clusterAround(std::u16string_view text, size_t index) {
+UnicodeRange clusterAround(std::u16string_view text, size_t index) noexcept {
     const size_t skipped = index > kReach ? index - kReach : 0;
     const std::u16string_view near = text.substr(skipped, 2 * kReach - 1);
     int32_t at = int32_t(index - skipped);

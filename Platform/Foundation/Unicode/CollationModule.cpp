@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <new>
 #include <string>
 #include <unicode/ucol.h>
 
@@ -41,8 +42,12 @@ int32_t shortLength(std::u16string_view text) { return int32_t(std::min<size_t>(
 } // namespace
 
 extern "C" __attribute__((visibility("default"))) int
-MODULE_ENTRY(std::u16string_view a, std::u16string_view b, const char* locale) {
-    const UCollator* collator = collatorFor(*locale ? locale : "root");
+MODULE_ENTRY(std::u16string_view a, std::u16string_view b, const char* locale) noexcept {
+    const UCollator* collator = nullptr;
+    try {
+        collator = collatorFor(*locale ? locale : "root");
+    } catch (const std::bad_alloc&) { // as when the library cannot open one
+    }
     if (!collator) return a.compare(b);
     return ucol_strcoll(collator, a.data(), shortLength(a), b.data(), shortLength(b));
 }

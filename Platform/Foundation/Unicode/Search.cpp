@@ -66,20 +66,17 @@ private:
 
 } // namespace
 
-bool findFolded(std::u16string_view text, std::u16string_view wanted, unsigned options, UnicodeRange& found) {
+UnicodeRange findFolded(std::u16string_view text, std::u16string_view wanted, unsigned options) {
     Folder folder(options);
     const std::u16string pattern = folded(wanted, options);
-    if (pattern.empty()) return false; // nothing but accents that do not count
+    if (pattern.empty()) return {}; // nothing but accents that do not count
     const bool anchored = options & NSAnchoredSearch;
     const size_t length = anchored ? pattern.size() + 1 : std::max(kPiece, 4 * pattern.size());
 
     Piece piece(text, folder);
     for (size_t start = 0;; start = piece.restart(pattern.size())) {
         piece.fill(start, length);
-        if (const auto range = piece.find(pattern, anchored)) {
-            found = *range;
-            return true;
-        }
-        if (anchored || piece.reachesEnd()) return false;
+        if (const auto range = piece.find(pattern, anchored)) return *range;
+        if (anchored || piece.reachesEnd()) return {};
     }
 }

@@ -3,7 +3,32 @@
 
 #include "Platform/Foundation/Module.h"
 
+#include <new>
+
+namespace {
+
+bool fold(std::u16string_view text, unsigned options, std::u16string& out) noexcept {
+    try {
+        out = folded(text, options);
+        return true;
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
+}
+
+bool find(std::u16string_view text, std::u16string_view wanted, unsigned options,
+          UnicodeRange& found) noexcept {
+    try {
+        found = findFolded(text, wanted, options);
+        return true;
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
+}
+
+} // namespace
+
 extern "C" __attribute__((visibility("default"))) const UnicodeFunctions* MODULE_ENTRY() {
-    static constexpr UnicodeFunctions functions{clusterAround, folded, findFolded};
+    static constexpr UnicodeFunctions functions{clusterAround, fold, find};
     return &functions;
 }

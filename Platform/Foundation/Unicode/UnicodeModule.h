@@ -5,6 +5,6 @@
 
 #include "Platform/Foundation/Unicode.h"
 
-UnicodeRange clusterAround(std::u16string_view text, size_t index);
+UnicodeRange clusterAround(std::u16string_view text, size_t index) noexcept;
 std::u16string folded(std::u16string_view text, unsigned options);
-bool findFolded(std::u16string_view text, std::u16string_view wanted, unsigned options, UnicodeRange& found);
+UnicodeRange findFolded(std::u16string_view text, std::u16string_view wanted, unsigned options);
