@@ -4,6 +4,8 @@
 #include "Platform/Foundation/NSException.h"
 #include "Platform/Foundation/UnicodeText.h"
 
+#include <algorithm>
+
 namespace {
 
 using View = std::u16string_view;
@@ -63,4 +65,32 @@ NSString stringByAppendingPathComponent(const NSString& path, const NSString& co
     if (!joined.empty() && !component.isEmpty()) joined.push_back(u'/');
     joined = withSingleSlashes(joined + component.text());
     return withoutTrailingSlashes(joined);
+}
+
+NSString stringByDeletingPathExtension(const NSString& path) {
+    const View rest = withoutTrailingSlashes(path.text());
+    const size_t length = pathExtension(path).length();
+    return withSingleSlashes(length == 0 ? rest : rest.substr(0, rest.size() - length - 1));
+}
+
+NSString stringByAppendingPathExtension(const NSString& path, const NSString& extension) {
+    if (extension.isEmpty()) return path;
+    const View rest = withoutTrailingSlashes(path.text());
+    const bool isExtension =
+        extension.text().find_first_of(u"/ ") == std::u16string::npos && extension.text().back() != u'.';
+    if (rest.empty() || rest == u"/" || !isExtension) return nullptr;
+    return withSingleSlashes(rest) + u"." + extension.text();
+}
+
+NSArray pathComponents(const NSString& path) {
+    const View text = path.text();
+    std::vector<NSObject> components;
+    if (text.substr(0, 1) == u"/") components.push_back(NSString(u"/"));
+    for (size_t at = 0; at < text.size();) {
+        const size_t end = std::min(text.find(u'/', at), text.size());
+        if (end > at) components.push_back(NSString(text.substr(at, end - at)));
+        at = end + 1;
+    }
+    if (text.size() > 1 && text.back() == u'/') components.push_back(NSString(u"/"));
+    return NSArray(std::move(components));
 }

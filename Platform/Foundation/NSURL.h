@@ -18,6 +18,8 @@ public:
     // The URL of a path: percent-escaped, with a trailing slash when an existing directory is there. A
     // relative path is taken in the current directory.
     static NSURL fileURLWithPath(const NSString& path);
+    // The same of a path in bytes, marked as a directory or not whatever is there.
+    static NSURL fileURLWithFileSystemRepresentation(std::string_view bytes, bool isDirectory);
 
     // As it was given, without the base.
     NSString relativeString() const;
