@@ -34,3 +34,9 @@ NSDate::NSDate(double timeIntervalSinceReferenceDate)
 double NSDate::timeIntervalSinceReferenceDate() const {
     return body() ? static_cast<const DateBody*>(body())->time : 0;
 }
+
+NSComparisonResult NSDate::compare(const NSDate& other) const {
+    const double own = timeIntervalSinceReferenceDate(), others = other.timeIntervalSinceReferenceDate();
+    if (own == others) return NSOrderedSame;
+    return own < others ? NSOrderedAscending : NSOrderedDescending;
+}

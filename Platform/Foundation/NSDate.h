@@ -4,6 +4,7 @@
 #pragma once
 
 #include "Platform/Foundation/CalendarDate.h"
+#include "Platform/Foundation/NSObjCRuntime.h"
 #include "Platform/Foundation/NSObject.h"
 
 class NSDate : public NSObject {
@@ -16,4 +17,7 @@ public:
 
     // 0 for nil.
     double timeIntervalSinceReferenceDate() const;
+
+    // Ascending when this date is the earlier one.
+    NSComparisonResult compare(const NSDate& other) const;
 };

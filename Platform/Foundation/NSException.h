@@ -30,3 +30,7 @@ private:
     NSString name_, reason_;
     NSDictionary userInfo_;
 };
+
+// What the platform does with a message that the receiver's class has no method for: raises an
+// invalid-argument exception that names both.
+[[noreturn]] void doesNotRecognizeSelector(const NSObject& receiver, const char* selector);

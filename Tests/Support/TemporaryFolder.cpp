@@ -7,8 +7,9 @@
 #include <gtest/gtest.h>
 #include <iterator>
 
-TemporaryFolder::TemporaryFolder()
-    : path_((std::filesystem::temp_directory_path() / "texttool-test-XXXXXX").string()) {
+TemporaryFolder::TemporaryFolder() : TemporaryFolder(std::filesystem::temp_directory_path().string()) {}
+
+TemporaryFolder::TemporaryFolder(const std::string& parent) : path_(parent + "/texttool-test-XXXXXX") {
     if (!mkdtemp(path_.data())) ADD_FAILURE() << "no temporary folder";
 }
 

@@ -9,6 +9,8 @@
 class TemporaryFolder {
 public:
     TemporaryFolder();
+    // In another place than the system's for temporary files.
+    explicit TemporaryFolder(const std::string& parent);
     ~TemporaryFolder();
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;

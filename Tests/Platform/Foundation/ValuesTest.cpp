@@ -178,4 +178,10 @@ TEST(URLs, FilePathsGoBothWays) {
     EXPECT_EQ(NSURL::URLWithString(u"http://h").path().utf8(), "");
 }
 
+TEST(Dates, AreOrderedByTime) {
+    EXPECT_EQ(NSDate(1).compare(NSDate(2)), NSOrderedAscending);
+    EXPECT_EQ(NSDate(2).compare(NSDate(1)), NSOrderedDescending);
+    EXPECT_EQ(NSDate(-0.5).compare(NSDate(-0.5)), NSOrderedSame);
+}
+
 } // namespace
