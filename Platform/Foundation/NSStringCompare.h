@@ -7,6 +7,7 @@
 #pragma once
 
 #include "Platform/Foundation/NSGeometry.h"
+#include "Platform/Foundation/NSObjCRuntime.h"
 #include "Platform/Foundation/NSString.h"
 
 // The platform's option bits.
@@ -17,8 +18,6 @@ enum NSStringCompareOptions : unsigned {
     NSDiacriticInsensitiveSearch = 128,
     NSWidthInsensitiveSearch = 256, // full-width and half-width forms of East Asia are their ordinary ones
 };
-
-enum NSComparisonResult : int { NSOrderedAscending = -1, NSOrderedSame = 0, NSOrderedDescending = 1 };
 
 inline constexpr uint64_t NSNotFound = INT64_MAX;
 

@@ -6,7 +6,9 @@
 #include "ZORFoundation/Source/NSError+ZOR.h"
 #include "ZORFoundation/Source/NSString+ZORBasics.h"
 #include "ZORFoundation/Source/NSString+ZORFilesBasics.h"
+#include "ZORFoundation/Source/NSString+ZORPaths.h"
 #include "ZORFoundation/Source/NSString+ZORTextMunging.h"
+#include "ZORFoundation/Source/NSURL+ZORFileBasics.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>

@@ -19,14 +19,20 @@ bool zorPathExists(const NSString& path) {
     return statPath(path, info);
 }
 
-bool zorPathExists(const NSURL& url) { return url.isFileURL() && zorPathExists(url.path()); }
-
 bool zorFileExists(const NSString& path) {
     struct stat info {};
     return statPath(path, info) && S_ISREG(info.st_mode);
 }
 
-bool zorFileExists(const NSURL& url) { return url.isFileURL() && zorFileExists(url.path()); }
+bool zorDirectoryExists(const NSString& path) {
+    struct stat info {};
+    return statPath(path, info) && S_ISDIR(info.st_mode);
+}
+
+bool zorSymbolicLinkExists(const NSString& path) {
+    struct stat info {};
+    return lstat(fileSystemRepresentation(path).c_str(), &info) == 0 && S_ISLNK(info.st_mode);
+}
 
 NSArray zorSpotlightKeywords(const NSString& path) {
     std::vector<NSObject> keywords;
@@ -37,6 +43,13 @@ NSArray zorSpotlightKeywords(const NSString& path) {
     return NSArray(std::move(keywords));
 }
 
-NSString zorChild(const NSString& path, const NSString& name) {
-    return stringByAppendingPathComponent(path, name);
+double zorFileModificationDateInterval(const NSString& path) {
+    struct stat info {};
+    return statPath(path, info) ? double(info.st_mtim.tv_sec) - NSTimeIntervalSince1970 : 0.0;
+}
+
+NSDate zorFileModificationDate(const NSString& path) { return NSDate(zorFileModificationDateInterval(path)); }
+
+NSComparisonResult zorCompareFileModificationDate(const NSString& path, const NSString& other) {
+    return zorFileModificationDate(path).compare(zorFileModificationDate(other));
 }

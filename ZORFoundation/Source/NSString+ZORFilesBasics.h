@@ -1,23 +1,25 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// Paths: whether something is there, its keywords, and the path of a child.
+// What is at a path. A path with U+0000 raises a character-conversion exception.
 #pragma once
 
 #include "Platform/Foundation/NSArray.h"
+#include "Platform/Foundation/NSDate.h"
 #include "Platform/Foundation/NSString.h"
-#include "Platform/Foundation/NSURL.h"
 
-// Whether anything is at the path. Links are followed: a dangling link does not exist. A path with U+0000
-// raises a character-conversion exception, here and below.
+// Whether anything is at the path. Links are followed, here and below: a dangling link does not exist.
 bool zorPathExists(const NSString& path);
-bool zorPathExists(const NSURL& url);
-
-// Whether a regular file is there, links followed.
+// Whether a regular file or a directory is there.
 bool zorFileExists(const NSString& path);
-bool zorFileExists(const NSURL& url);
+bool zorDirectoryExists(const NSString& path);
+// Whether a link is there, dangling or not.
+bool zorSymbolicLinkExists(const NSString& path);
 
 // The file's keywords, strings; empty when there are none or no file. Never nil.
 NSArray zorSpotlightKeywords(const NSString& path);
 
-// The path with the name appended as one component.
-NSString zorChild(const NSString& path, const NSString& name);
+// When the file's contents changed last, in whole seconds since the reference date of NSDate; 0 and the
+// reference date itself for a missing file.
+double zorFileModificationDateInterval(const NSString& path);
+NSDate zorFileModificationDate(const NSString& path);
+NSComparisonResult zorCompareFileModificationDate(const NSString& path, const NSString& other);
