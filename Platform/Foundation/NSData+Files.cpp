@@ -3,6 +3,7 @@
 #include "Platform/Foundation/NSData.h"
 #include "Platform/Foundation/NSError.h"
 #include "Platform/Foundation/NSPathUtilities.h"
+#include "Platform/Foundation/NSURLPathUtilities.h"
 #include "Platform/Foundation/StringFormat.h"
 
 #include <cerrno>
@@ -58,6 +59,13 @@ NSError writeError(const NSString& path, int systemErrno) {
     case EROFS: return fileError(NSFileWriteVolumeReadOnlyError, path, systemErrno);
     default: return fileError(NSFileWriteUnknownError, path, systemErrno);
     }
+}
+
+// Why a URL has no path for the file system.
+NSError URLError(const NSURL& url, int64_t otherScheme, int64_t invalidName) {
+    NSMutableDictionary info;
+    if (url) info.setObject(url, NSString(NSURLErrorKey));
+    return NSError(NSCocoaErrorDomain, url.isFileURL() ? invalidName : otherScheme, std::move(info).copy());
 }
 
 // Reads to the end, wherever the size that the system gave may lie. 0 or the system's error.
@@ -198,4 +206,15 @@ bool NSData::writeToFile(const NSString& path, unsigned options, NSError* error)
     bool atomic = (options & NSDataWritingAtomic) && mayReplace;
     int failure = atomic ? writeAtomically(file, bytes()) : writeDirectly(file, bytes(), mayReplace);
     return failure == 0 || fail(error, writeError(path, failure));
+}
+
+NSData NSData::dataWithContentsOfURL(const NSURL& url, unsigned options, NSError* error) {
+    if (fileSystemRepresentation(url)) return dataWithContentsOfFile(url.path(), options, error);
+    fail(error, URLError(url, NSFileReadUnsupportedSchemeError, NSFileReadInvalidFileNameError));
+    return nullptr;
+}
+
+bool NSData::writeToURL(const NSURL& url, unsigned options, NSError* error) const {
+    if (fileSystemRepresentation(url)) return writeToFile(url.path(), options, error);
+    return fail(error, URLError(url, NSFileWriteUnsupportedSchemeError, NSFileWriteInvalidFileNameError));
 }

@@ -7,6 +7,7 @@
 #include "Platform/Foundation/NSString.h"
 
 class NSError;
+class NSURL;
 
 enum : unsigned {
     NSDataReadingMappedIfSafe = 1,
@@ -34,10 +35,14 @@ public:
     // The whole file, or nil and a Cocoa error (260 missing, 257 not permitted, 256 otherwise) over the POSIX
     // one.
     static NSData dataWithContentsOfFile(const NSString& path, unsigned options, NSError* error);
+    // The same of a file URL: Cocoa 262 for another one, 258 for one whose path no file can have.
+    static NSData dataWithContentsOfURL(const NSURL& url, unsigned options, NSError* error);
 
     // False and a Cocoa error (4 for a missing folder, 513, 516, 640, 642, 512 otherwise) over the POSIX one.
     // With the atomic option the target is the old file or the whole new one at every instant, an existing
     // file's permissions stay, links are followed, and no temporary file is left behind; a pipe or a device
     // is written to in place.
     bool writeToFile(const NSString& path, unsigned options, NSError* error) const;
+    // The same to a file URL: Cocoa 518 for another one, 514 for one whose path no file can have.
+    bool writeToURL(const NSURL& url, unsigned options, NSError* error) const;
 };

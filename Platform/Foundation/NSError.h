@@ -38,6 +38,7 @@ enum : int64_t {
     NSFileWriteNoPermissionError = 513,
     NSFileWriteInvalidFileNameError = 514,
     NSFileWriteFileExistsError = 516,
+    NSFileWriteUnsupportedSchemeError = 518,
     NSFileWriteOutOfSpaceError = 640,
     NSFileWriteVolumeReadOnlyError = 642,
     NSExecutableLoadError = 3587,

@@ -2,6 +2,7 @@
 #include "Platform/Foundation/NSData.h"
 #include "Platform/Foundation/NSError.h"
 #include "Platform/Foundation/NSPathUtilities.h"
+#include "Platform/Foundation/NSURL.h"
 #include "Tests/Support/TemporaryFolder.h"
 
 #include <filesystem>
@@ -155,6 +156,30 @@ TEST_F(DataFiles, WithoutOverwritingAnExistingFileIs516Over17) {
 TEST_F(DataFiles, PathsWithBytesThatAreNotUTF8NameTheirFile) {
     writeFile(file("\xff\xfe\x80"), "odd");
     EXPECT_EQ(NSData::dataWithContentsOfFile(path("\xff\xfe\x80"), 0, &error).bytes(), "odd");
+}
+
+TEST_F(DataFiles, AreReadAndWrittenByURL) {
+    const NSURL url = NSURL::fileURLWithPath(path("a b"));
+    EXPECT_TRUE(NSData(std::string("bytes")).writeToURL(url, NSDataWritingAtomic, &error));
+    EXPECT_EQ(NSData::dataWithContentsOfURL(url, 0, &error).bytes(), "bytes");
+    EXPECT_FALSE(error);
+}
+
+TEST_F(DataFiles, OfURLsThatNameNoFileFail) {
+    struct {
+        NSURL url;
+        int64_t reading, writing;
+    } cases[] = {{NSURL::URLWithString(u"http://h/a"), 262, 518},
+                 {NSURL::URLWithString(u"file:///a%00"), 258, 514},
+                 {NSURL(), 262, 518}};
+    for (const auto& c : cases) {
+        EXPECT_FALSE(NSData::dataWithContentsOfURL(c.url, 0, &error));
+        EXPECT_EQ(error.code(), c.reading);
+        EXPECT_EQ(error.userInfo().get<NSURL>(NSString(NSURLErrorKey)), NSObject(c.url));
+        EXPECT_FALSE(NSData(std::string("x")).writeToURL(c.url, 0, &error));
+        EXPECT_EQ(error.code(), c.writing);
+        EXPECT_FALSE(NSData::dataWithContentsOfURL(c.url, 0, nullptr));
+    }
 }
 
 } // namespace
