@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "Platform/Foundation/ASCII.h"
 #include "Platform/Foundation/Collation.h"
 #include "Platform/Foundation/Module.h"
 #include "Platform/Foundation/NSException.h"
@@ -28,15 +29,10 @@ bool hasPlainOrder(std::string_view locale) {
     return locale.empty() || locale == "en" || locale.starts_with("en_");
 }
 
-bool isDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
-
-char16_t lowered(char16_t c) { return c >= u'A' && c <= u'Z' ? char16_t(c + 32) : c; }
-
 // Letters and digits of ASCII, at most as many as the library takes for one number.
 bool isPlain(View text) {
-    return text.size() <= 254 && std::all_of(text.begin(), text.end(), [](char16_t c) {
-               return isDigit(c) || (lowered(c) >= u'a' && lowered(c) <= u'z');
-           });
+    return text.size() <= 254 &&
+           std::all_of(text.begin(), text.end(), [](char16_t c) { return isDigit(c) || isLetter(c); });
 }
 
 // Takes the number at the front off, without its leading zeros.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Foundation/NSStringCompare.h"
 
+#include "Platform/Foundation/ASCII.h"
 #include "Platform/Foundation/NSException.h"
 #include "Platform/Foundation/Unicode.h"
 
@@ -12,20 +13,7 @@ using View = std::u16string_view;
 
 constexpr NSRange kNowhere{NSNotFound, 0};
 
-char16_t lowered(char16_t c) { return c >= u'A' && c <= u'Z' ? char16_t(c + 32) : c; }
-
 bool equalButForCase(char16_t a, char16_t b) { return lowered(a) == lowered(b); }
-
-// In blocks without a way out, which the compiler turns into vector code.
-bool isASCII(View text) {
-    constexpr size_t block = 4096;
-    for (; !text.empty(); text.remove_prefix(std::min(block, text.size()))) {
-        unsigned seen = 0;
-        for (char16_t c : text.substr(0, block)) seen |= c;
-        if (seen >= 0x80) return false;
-    }
-    return true;
-}
 
 NSRange rangeInASCII(View text, View wanted, unsigned options) {
     if (options & NSAnchoredSearch) text = text.substr(0, wanted.size());

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Foundation/URLText.h"
 
+#include "Platform/Foundation/ASCII.h"
 #include "Platform/Foundation/UnicodeText.h"
 
 #include <vector>
@@ -8,9 +9,6 @@
 namespace {
 
 using View = std::u16string_view;
-
-bool isLetter(char16_t c) { return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z'); }
-bool isDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
 
 // The scheme with its colon, or "".
 View schemeOf(View url) {
@@ -42,13 +40,6 @@ std::u16string withoutDots(View path) {
     for (View segment : kept) out += segment;
     if (trailing) out.push_back(u'/');
     return out;
-}
-
-int hexDigit(char c) {
-    if (c >= '0' && c <= '9') return c - '0';
-    if (c >= 'a' && c <= 'f') return c - 'a' + 10;
-    if (c >= 'A' && c <= 'F') return c - 'A' + 10;
-    return -1;
 }
 
 } // namespace
