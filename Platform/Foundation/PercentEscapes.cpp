@@ -21,7 +21,7 @@ constexpr bool isAlphanumeric(char32_t c) {
 constexpr auto kIsLegal = [] {
     std::array<bool, 0x80> legal{};
     for (char32_t c = 0; c < legal.size(); ++c) legal[c] = isAlphanumeric(c);
-    for (char c : std::string_view("!$&'()*+,-./:;=?@_~")) legal[size_t(c)] = true;
+    for (char c : std::string_view("!$&'()*+,-./:;=?@_~")) legal[static_cast<unsigned char>(c)] = true;
     return legal;
 }();
 
