@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr OneByteEncoding kFallback = {NSWindowsCP1252StringEncoding, kWindows1252, nullptr, true};
+constexpr OneByteEncoding kFallback = {NSWindowsCP1252StringEncoding, kWindows1252};
 
 constexpr size_t kChunk = 1024;
 
@@ -33,6 +33,7 @@ void appendInChunks(std::u16string& out, std::string_view bytes, size_t width, C
 unsigned char byteAt(std::string_view bytes, size_t i) { return static_cast<unsigned char>(bytes[i]); }
 
 bool appendOneByte(std::u16string& out, std::string_view bytes, const OneByteEncoding& encoding) {
+    const bool fillsWithControls = encoding.fillsWithControls();
     bool undefined = false;
     appendInChunks(out, bytes, 1, [&](char16_t* units, std::string_view piece) {
         for (size_t i = 0; i < piece.size(); ++i) {
@@ -40,8 +41,8 @@ bool appendOneByte(std::u16string& out, std::string_view bytes, const OneByteEnc
             char16_t unit = byte;
             if (byte >= 0x80) {
                 unit = encoding.upper[byte - 0x80];
-                undefined |= unit == kReplacementCharacter ||
-                             (unit == byte && byte < 0xA0 && encoding.fillsWithControls);
+                undefined |=
+                    unit == kReplacementCharacter || (unit == byte && byte < 0xA0 && fillsWithControls);
             } else if (encoding.lower) {
                 unit = encoding.lower[byte];
                 undefined |= unit == kReplacementCharacter;

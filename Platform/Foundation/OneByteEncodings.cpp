@@ -16,11 +16,11 @@ constexpr OneByteEncoding kOneByteEncodings[] = {
     {NSISOLatin1StringEncoding, kISO8859_1},
     {NSSymbolStringEncoding, kSymbol, kSymbolLower},
     {NSISOLatin2StringEncoding, kISO8859_2},
-    {NSWindowsCP1251StringEncoding, kWindows1251, nullptr, true},
-    {NSWindowsCP1252StringEncoding, kWindows1252, nullptr, true},
-    {NSWindowsCP1253StringEncoding, kWindows1253, nullptr, true},
-    {NSWindowsCP1254StringEncoding, kWindows1254, nullptr, true},
-    {NSWindowsCP1250StringEncoding, kWindows1250, nullptr, true},
+    {NSWindowsCP1251StringEncoding, kWindows1251},
+    {NSWindowsCP1252StringEncoding, kWindows1252},
+    {NSWindowsCP1253StringEncoding, kWindows1253},
+    {NSWindowsCP1254StringEncoding, kWindows1254},
+    {NSWindowsCP1250StringEncoding, kWindows1250},
     {NSMacOSRomanStringEncoding, kMacRoman},
     {kEncodingMacGreek, kMacGreek},
     {kEncodingMacCyrillic, kMacCyrillic},
@@ -60,10 +60,10 @@ constexpr OneByteEncoding kOneByteEncodings[] = {
     {kEncodingDOS874, kDOS874},
     {kEncodingDOS858, kDOS858},
     {kEncodingDOS720, kDOS720},
-    {kEncodingWindows1255, kWindows1255, nullptr, true},
-    {kEncodingWindows1256, kWindows1256, nullptr, true},
-    {kEncodingWindows1257, kWindows1257, nullptr, true},
-    {kEncodingWindows1258, kWindows1258, nullptr, true},
+    {kEncodingWindows1255, kWindows1255},
+    {kEncodingWindows1256, kWindows1256},
+    {kEncodingWindows1257, kWindows1257},
+    {kEncodingWindows1258, kWindows1258},
     {kEncodingKOI8R, kKOI8R},
     {kEncodingKOI8U, kKOI8U},
 };
@@ -72,6 +72,11 @@ static_assert(std::is_sorted(std::begin(kOneByteEncodings), std::end(kOneByteEnc
                              [](const auto& a, const auto& b) { return a.number < b.number; }));
 
 } // namespace
+
+bool OneByteEncoding::fillsWithControls() const {
+    return (number >= NSWindowsCP1251StringEncoding && number <= NSWindowsCP1250StringEncoding) ||
+           (number >= kEncodingWindows1255 && number <= kEncodingWindows1258);
+}
 
 const OneByteEncoding* oneByteEncoding(NSStringEncoding encoding) {
     const auto* row = std::lower_bound(std::begin(kOneByteEncodings), std::end(kOneByteEncodings), encoding);

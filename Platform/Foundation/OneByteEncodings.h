@@ -9,7 +9,9 @@ struct OneByteEncoding {
     NSStringEncoding number;
     const char16_t* upper;           // the units of bytes 80 to FF; U+FFFD where there is none
     const char16_t* lower = nullptr; // of bytes 00 to 7F; null: ASCII
-    bool fillsWithControls = false;  // C1 controls stand for bytes that the encoding leaves undefined
+
+    // Whether C1 controls stand for bytes that the encoding leaves undefined, as in the Windows pages.
+    bool fillsWithControls() const;
 
     constexpr bool operator<(NSStringEncoding other) const { return number < other; }
 };

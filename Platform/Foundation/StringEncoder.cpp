@@ -46,7 +46,7 @@ public:
             if (byte < 0x80 && encoding.lower) unit = encoding.lower[byte];
             const bool undefined =
                 unit == kReplacementCharacter ||
-                (encoding.fillsWithControls && byte >= 0x80 && byte < 0xA0 && unit == byte);
+                (encoding.fillsWithControls() && byte >= 0x80 && byte < 0xA0 && unit == byte);
             if (!undefined) entries_[count_++] = {unit, static_cast<unsigned char>(byte)};
         }
         std::stable_sort(entries_.begin(), entries_.begin() + count_,

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 
 namespace {
 
@@ -14,21 +15,31 @@ using View = std::u16string_view;
 
 bool isNul(char16_t c) { return c == 0; }
 
-// The units of `text` that are not 0, gathered on the stack first: the string is not filled with zeros
-// beforehand, and grows by whole chunks.
+// Copies the units that are not 0 and returns their end.
+char16_t* copyWithoutNuls(char16_t* to, View units) {
+    for (; !units.empty(); units.remove_prefix(std::min(kScanBlock, units.size()))) {
+        const View block = units.substr(0, kScanBlock);
+        if (block.size() == kScanBlock && !blockHas(block.data(), isNul)) {
+            std::memcpy(to, block.data(), kScanBlock * sizeof(char16_t));
+            to += kScanBlock;
+            continue;
+        }
+        for (char16_t c : block) {
+            *to = c;
+            to += c != 0;
+        }
+    }
+    return to;
+}
+
+// Gathers the units on the stack first: the string is not filled with zeros beforehand, and grows by whole
+// chunks.
 std::u16string withoutNuls(View text) {
     std::array<char16_t, 2048> chunk;
     std::u16string kept;
     kept.reserve(text.size());
-    while (!text.empty()) {
-        const View piece = text.substr(0, chunk.size());
-        size_t count = 0;
-        for (char16_t c : piece) {
-            chunk[count] = c;
-            count += c != 0;
-        }
-        kept.append(chunk.data(), count);
-        text.remove_prefix(piece.size());
+    for (; !text.empty(); text.remove_prefix(std::min(chunk.size(), text.size()))) {
+        kept.append(chunk.data(), copyWithoutNuls(chunk.data(), text.substr(0, chunk.size())));
     }
     return kept;
 }
