@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// How long a record with a very long text takes in its binary form, beside a plain copy of as many bytes; and
-// how long a short record takes. The best of several rounds each.
+// How long a record with a very long text takes in its binary and its XML form, beside a plain copy of as
+// many bytes; and how long a short record takes. The best of several rounds each.
 #include "Platform/Foundation/NSDictionary.h"
 #include "Platform/Foundation/NSNumber.h"
 #include "Platform/Foundation/NSPropertyListSerialization.h"
@@ -41,16 +41,16 @@ void report(const char* what, size_t bytes, double seconds) {
     printf("%-28s %7.2f ms  %6.2f GB/s\n", what, seconds * 1e3, double(bytes) / seconds / 1e9);
 }
 
-void longText(const char* name, char16_t unit) {
+void longText(const char* name, char16_t unit, NSPropertyListFormat format) {
     const NSDictionary record = recordOf(NSString(std::u16string(kUnits, unit)));
-    const NSData written = dataFromPropertyList(record, NSPropertyListBinaryFormat_v1_0, nullptr);
+    const NSData written = dataFromPropertyList(record, format, nullptr);
     printf("%s, %zu bytes\n", name, written.length());
     report("  copy into new memory", written.length(), bestSeconds([&] {
                std::string copy(written.bytes());
                if (copy.size() != written.length()) abort();
            }));
     report("  write", written.length(), bestSeconds([&] {
-               if (!dataFromPropertyList(record, NSPropertyListBinaryFormat_v1_0, nullptr)) abort();
+               if (!dataFromPropertyList(record, format, nullptr)) abort();
            }));
     report("  read", written.length(), bestSeconds([&] {
                if (!propertyListWithData(written.bytes(), nullptr, nullptr)) abort();
@@ -75,7 +75,9 @@ void shortText() {
 } // namespace
 
 int main() {
-    longText("ASCII", u'a');
-    longText("UTF-16", u'\u4E00');
+    longText("binary, ASCII", u'a', NSPropertyListBinaryFormat_v1_0);
+    longText("binary, UTF-16", u'\u4E00', NSPropertyListBinaryFormat_v1_0);
+    longText("XML, ASCII", u'a', NSPropertyListXMLFormat_v1_0);
+    longText("XML, three bytes a unit", u'\u4E00', NSPropertyListXMLFormat_v1_0);
     shortText();
 }

@@ -2,6 +2,7 @@
 #include "Platform/Foundation/URLText.h"
 
 #include "Platform/Foundation/ASCII.h"
+#include "Platform/Foundation/PercentEscapes.h"
 #include "Platform/Foundation/UnicodeText.h"
 
 #include <vector>
@@ -78,20 +79,7 @@ std::u16string resolvedURL(View relative, View base) {
     return out.append(withoutDots(path.append(r.path))).append(r.query);
 }
 
-std::string percentEscapedPath(std::string_view bytes) {
-    static constexpr std::string_view literal = "!$&'()*+,-./:=@_~";
-    static constexpr char digits[] = "0123456789ABCDEF";
-    std::string out;
-    for (char c : bytes) {
-        auto byte = static_cast<unsigned char>(c);
-        if (byte < 0x80 && (isLetter(byte) || isDigit(byte) || literal.find(c) != std::string_view::npos)) {
-            out.push_back(c);
-        } else {
-            out.append({'%', digits[byte >> 4], digits[byte & 15]});
-        }
-    }
-    return out;
-}
+std::string percentEscapedPath(std::string_view bytes) { return percentEscaped(bytes, "!$&'()*+,-./:=@_~"); }
 
 std::string percentDecodedPath(View path) {
     const std::string text = toUTF8(path, LoneSurrogates::byteUnescaped);
