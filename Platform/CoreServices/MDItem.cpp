@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/CoreServices/MDItem.h"
 
+#include "Platform/Foundation/ExtendedAttributes.h"
 #include "Platform/Foundation/NSArray.h"
 #include "Platform/Foundation/NSPathUtilities.h"
 #include "Platform/Foundation/NSPropertyListSerialization.h"
 
 #include <string>
-#include <sys/xattr.h>
 #include <vector>
 
 namespace {
@@ -17,25 +17,22 @@ constexpr std::string_view kDesktopTagsName = "xdg.tags";
 constexpr size_t kLargestAttribute = 65536; // the kernel's own bound
 
 std::string attributeNames(const std::string& file) {
-    if (listxattr(file.c_str(), nullptr, 0) <= 0) return {}; // as nearly every file
+    if (listAttributes(file.c_str(), nullptr, 0, 0) <= 0) return {}; // as nearly every file
     std::string names(kLargestAttribute, '\0');
-    ssize_t length = listxattr(file.c_str(), names.data(), names.size());
+    ssize_t length = listAttributes(file.c_str(), names.data(), names.size(), 0);
     names.resize(length > 0 ? size_t(length) : 0);
     return names;
 }
 
 std::string attributeValue(const std::string& file, const std::string& name) {
     std::string value(kLargestAttribute, '\0');
-    ssize_t length = getxattr(file.c_str(), name.c_str(), value.data(), value.size());
+    ssize_t length = getAttribute(file.c_str(), name.c_str(), value.data(), value.size(), 0);
     value.resize(length > 0 ? size_t(length) : 0);
     return value;
 }
 
-// The platform's name of an attribute: without this system's namespace, and without what a Samba share makes
-// of it.
+// The platform's name of an attribute: without what a Samba share makes of it.
 std::string platformName(std::string_view name) {
-    if (name.substr(0, 5) != "user.") return {};
-    name.remove_prefix(5);
     constexpr std::string_view stream = "DosStream.", type = ":$DATA", privateColon = "\xEF\x80\xA2";
     if (name.substr(0, stream.size()) == stream) name.remove_prefix(stream.size());
     if (name.size() > type.size() && name.substr(name.size() - type.size()) == type)
