@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "Platform/PDFKit/MuPDF/MuPDFEngine.h"
+
+#include "Platform/PDFKit/MuPDF/ContentReader.h"
+#include "Platform/PDFKit/MuPDF/Guarded.h"
+#include "Platform/PDFKit/MuPDF/Values.h"
+#include "Platform/PDFKit/PDFTextString.h"
+
+#include <chrono>
+
+namespace {
+
+// Long documents take long; a small file that keeps the engine busy for ever is not one of them.
+std::chrono::duration<double> timeFor(size_t bytes) {
+    constexpr double kSeconds = 1.5, kSecondsPerByte = 2e-6;
+    return std::chrono::duration<double>(kSeconds + double(bytes) * kSecondsPerByte);
+}
+
+// The kinds of annotation that have an author under /T, where others have the name of a field or a title.
+bool hasAuthor(fz_context* context, pdf_obj* subtype) {
+    for (pdf_obj* other :
+         {PDF_NAME(Link), PDF_NAME(Popup), PDF_NAME(Widget), PDF_NAME(Screen), PDF_NAME(Movie)}) {
+        if (pdf_name_eq(context, subtype, other)) return false;
+    }
+    return true;
+}
+
+bool isRelative(std::string_view uri) {
+    size_t end = uri.find_first_of(":/?#");
+    return end == std::string_view::npos || uri[end] != ':';
+}
+
+} // namespace
+
+std::unique_ptr<MuPDFEngine> MuPDFEngine::open(std::string_view bytes) {
+    std::unique_ptr<MuPDFEngine> engine(new MuPDFEngine(bytes));
+    if (!engine->document_.get()) engine = nullptr;
+    return engine;
+}
+
+MuPDFEngine::MuPDFEngine(std::string_view bytes)
+    : context_(bytes.size()), document_(context_.get(), bytes), pages_(context_.get(), document_.get()),
+      fonts_(context_.get()), deadline_(timeFor(bytes.size())) {}
+
+bool MuPDFEngine::isLocked() { return document_.isLocked(); }
+size_t MuPDFEngine::pageCount() { return pages_.count(); }
+bool MuPDFEngine::hasPage(size_t page) { return pages_.page(page) != nullptr; }
+
+NSDictionary MuPDFEngine::documentAttributes() {
+    if (isLocked()) return NSDictionary::dictionary();
+    pdf_obj* information = nullptr;
+    guarded(context_.get(), [&] {
+        information =
+            pdf_dict_get(context_.get(), pdf_trailer(context_.get(), document_.get()), PDF_NAME(Info));
+    });
+    return informationOf(context_.get(), information);
+}
+
+bool MuPDFEngine::appendPageText(size_t page, std::u16string& text) {
+    pdf_obj* dictionary = pages_.page(page);
+    if (!dictionary) return true;
+    ContentReader reader(context_.get(), document_.get(), fonts_, deadline_, text);
+    return reader.readPage(dictionary);
+}
+
+size_t MuPDFEngine::annotationCount(size_t page) {
+    int count = 0;
+    guarded(context_.get(), [&] {
+        count =
+            pdf_array_len(context_.get(), pdf_dict_get(context_.get(), pages_.page(page), PDF_NAME(Annots)));
+    });
+    return size_t(count);
+}
+
+pdf_obj* MuPDFEngine::annotation(size_t page, size_t index) {
+    pdf_obj* annotations = pdf_dict_get(context_.get(), pages_.page(page), PDF_NAME(Annots));
+    return pdf_array_get(context_.get(), annotations, int(index));
+}
+
+bool MuPDFEngine::isLink(size_t page, size_t index) {
+    bool link = false;
+    guarded(context_.get(), [&] {
+        pdf_obj* subtype = pdf_dict_get(context_.get(), annotation(page, index), PDF_NAME(Subtype));
+        link = pdf_name_eq(context_.get(), subtype, PDF_NAME(Link));
+    });
+    return link;
+}
+
+bool MuPDFEngine::readAnnotation(size_t page, size_t index, PDFAnnotationContents& contents) {
+    fz_context* context = context_.get();
+    pdf_obj *object = nullptr, *author = nullptr, *text = nullptr, *uri = nullptr;
+    bool read = guarded(context, [&] {
+        object = annotation(page, index);
+        contents.answersToUserName = hasAuthor(context, pdf_dict_get(context, object, PDF_NAME(Subtype)));
+        author = pdf_dict_get(context, object, PDF_NAME(T));
+        text = pdf_dict_get(context, object, PDF_NAME(Contents));
+        pdf_obj* action = pdf_dict_get(context, object, PDF_NAME(A));
+        if (pdf_name_eq(context, pdf_dict_get(context, action, PDF_NAME(S)), PDF_NAME(URI)))
+            uri = pdf_dict_get(context, action, PDF_NAME(URI));
+    });
+    if (!read) return false;
+    if (contents.answersToUserName) contents.userName = textStringOf(context, author);
+    contents.contents = textStringOf(context, text);
+    std::string_view target = stringBytesOf(context, uri);
+    if (!target.empty())
+        contents.url = textOfPDFURI(isRelative(target) ? std::string(baseURI()) + std::string(target)
+                                                       : std::string(target));
+    return true;
+}
+
+// What relative URIs of links are relative to.
+std::string_view MuPDFEngine::baseURI() {
+    pdf_obj* base = nullptr;
+    guarded(context_.get(), [&] {
+        base = pdf_dict_getp(context_.get(), pdf_trailer(context_.get(), document_.get()), "Root/URI/Base");
+    });
+    return stringBytesOf(context_.get(), base);
+}
