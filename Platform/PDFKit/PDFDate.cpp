@@ -66,7 +66,7 @@ std::optional<double> timeOfPDFDate(std::u16string_view text) {
     Scanner scanner(withoutBlanks(text));
     scanner.take(u"D:");
     int year = 0, month = 1, day = 1, hour = 0, minute = 0, second = 0, zone = 0;
-    if (!scanner.takeNumber(4, 0, 9999, year)) return {};
+    if (!scanner.takeNumber(4, 1, 9999, year)) return {};
     struct {
         int least, most;
         int& value;

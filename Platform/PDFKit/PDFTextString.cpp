@@ -13,10 +13,11 @@ constexpr char16_t kSigns[] =                                                   
     u"\u2019\u201A\u2122\uFB01\uFB02\u0141\u0152\u0160\u0178\u017D\u0131\u0142\u0153\u0161\u017E\uFFFD"
     u"\u20AC";
 
+// Writers put Latin-1's soft hyphen where the encoding has nothing.
 char16_t unitOf(unsigned char byte) {
     if (byte >= 0x18 && byte <= 0x1F) return kAccents[byte - 0x18];
     if (byte >= 0x80 && byte <= 0xA0) return kSigns[byte - 0x80];
-    return byte == 0xAD ? kReplacementCharacter : byte;
+    return byte;
 }
 
 std::u16string fromUTF16(std::string_view bytes, bool littleEndian) {

@@ -11,7 +11,7 @@ namespace {
 
 constexpr size_t kMostForms = 24;                 // within each other
 constexpr size_t kMostSaved = 512;                // states
-constexpr size_t kMostContent = size_t(64) << 20; // bytes of one stream, decoded
+constexpr size_t kMostContent = size_t(48) << 20; // bytes of one stream, decoded
 
 } // namespace
 
@@ -24,9 +24,9 @@ ContentReader& ContentReader::of(pdf_processor* processor) {
     return *reinterpret_cast<Processor*>(processor)->reader;
 }
 
-ContentReader::ContentReader(fz_context* context, pdf_document* document, FontShelf& fonts,
-                             Deadline& deadline, std::u16string& out)
-    : context_(context), document_(document), fonts_(fonts), deadline_(deadline), lines_(out) {
+ContentReader::ContentReader(fz_context* context, pdf_document* document, FontShelf& fonts, WorkLimit& limit,
+                             std::u16string& out)
+    : context_(context), document_(document), fonts_(fonts), limit_(limit), lines_(out) {
     saved_.reserve(16);
 }
 
@@ -35,6 +35,7 @@ ContentReader::~ContentReader() {
 }
 
 bool ContentReader::readPage(pdf_obj* page) {
+    limit_.beginPage();
     bool begun = guarded(context_, [&] {
         processor_ = static_cast<Processor*>(pdf_new_processor(context_, sizeof(Processor)));
         processor_->reader = this;
@@ -105,7 +106,7 @@ void ContentReader::readForm(pdf_obj* form, pdf_obj* resources) {
     fz_matrix matrix = pdf_xobject_matrix(context_, form);
     pdf_obj* own = pdf_xobject_resources(context_, form);
     pdf_obj* const inner = own ? own : resources;
-    size_t outside = savedOutside_;
+    const size_t outside = savedOutside_, marks = markDepth_;
     save();
     savedOutside_ = saved_.size();
     contained(context_, [&] { formsEntered_.push_back(pdf_to_num(context_, form)); });
@@ -113,6 +114,7 @@ void ContentReader::readForm(pdf_obj* form, pdf_obj* resources) {
     fz_try(context_) { readContent(form, inner); }
     fz_always(context_) {
         formsEntered_.pop_back();
+        markDepth_ = std::min(markDepth_, marks);
         saved_.resize(savedOutside_);
         savedOutside_ = outside;
         restore();
@@ -144,7 +146,12 @@ void ContentReader::restore() {
 
 void ContentReader::show(const unsigned char* bytes, size_t count) {
     checkTime();
-    contained(context_, [&] { pen_.show(bytes, count, [this](const Glyph& glyph) { addGlyph(glyph); }); });
+    contained(context_, [&] {
+        pen_.show(bytes, count, [this](const Glyph& glyph) {
+            addGlyph(glyph);
+            return !limit_.passed();
+        });
+    });
 }
 
 void ContentReader::showArray(pdf_obj* array) {
@@ -213,7 +220,7 @@ void ContentReader::endReplacement() {
 }
 
 void ContentReader::checkTime() {
-    if (deadline_.passed()) fz_throw(context_, FZ_ERROR_ABORT, "the time is up");
+    if (limit_.passed()) fz_throw(context_, FZ_ERROR_ABORT, "the time is up");
 }
 
 void ContentReader::install(pdf_processor& processor) {
@@ -225,6 +232,11 @@ void ContentReader::install(pdf_processor& processor) {
         fz_matrix& matrix = of(p).pen_.state.matrix;
         matrix = fz_concat(fz_make_matrix(a, b, c, d, e, f), matrix);
     };
+    // Paths are passed over, but their number must not keep the processor busy for ever.
+    processor.op_m = [](C*, P* p, float, float) { of(p).checkTime(); };
+    processor.op_l = [](C*, P* p, float, float) { of(p).checkTime(); };
+    processor.op_c = [](C*, P* p, float, float, float, float, float, float) { of(p).checkTime(); };
+    processor.op_re = [](C*, P* p, float, float, float, float) { of(p).checkTime(); };
     processor.op_BT = [](C*, P* p) { of(p).pen_.beginText(); };
     processor.op_Tc = [](C*, P* p, float spacing) { of(p).pen_.state.characterSpacing = spacing; };
     processor.op_Tw = [](C*, P* p, float spacing) { of(p).pen_.state.wordSpacing = spacing; };

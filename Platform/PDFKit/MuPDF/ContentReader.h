@@ -7,9 +7,9 @@
 // the document, to which spacing is relative, and the marks that tell what a piece of content says.
 #pragma once
 
-#include "Platform/Foundation/Deadline.h"
 #include "Platform/PDFKit/MuPDF/FontShelf.h"
 #include "Platform/PDFKit/MuPDF/TextPen.h"
+#include "Platform/PDFKit/MuPDF/WorkLimit.h"
 #include "Platform/PDFKit/Text/LineAssembler.h"
 
 #include <mupdf/fitz.h>
@@ -20,7 +20,7 @@
 
 class ContentReader {
 public:
-    ContentReader(fz_context* context, pdf_document* document, FontShelf& fonts, Deadline& deadline,
+    ContentReader(fz_context* context, pdf_document* document, FontShelf& fonts, WorkLimit& limit,
                   std::u16string& out);
     ~ContentReader();
     ContentReader(const ContentReader&) = delete;
@@ -53,7 +53,7 @@ private:
     fz_context* context_;
     pdf_document* document_;
     FontShelf& fonts_;
-    Deadline& deadline_;
+    WorkLimit& limit_;
     LineAssembler lines_;
     Processor* processor_ = nullptr;
 

@@ -6,9 +6,9 @@
 
 namespace {
 
-constexpr size_t kBudget = size_t(256) << 20; // bytes, whatever the document's size
-constexpr size_t kBudgetPerByte = 8;          // of the document
-constexpr size_t kStore = size_t(8) << 20;    // bytes of fonts and tables that are kept for later pages
+constexpr size_t kBudget = size_t(96) << 20; // bytes, whatever the document's size
+constexpr size_t kBudgetPerByte = 8;         // of the document
+constexpr size_t kStore = size_t(4) << 20;   // bytes of fonts and tables that are kept for later pages
 
 bool take(size_t& left, void* block) {
     size_t size = malloc_usable_size(block);

@@ -6,15 +6,7 @@
 #include "Platform/PDFKit/MuPDF/Values.h"
 #include "Platform/PDFKit/PDFTextString.h"
 
-#include <chrono>
-
 namespace {
-
-// Long documents take long; a small file that keeps the engine busy for ever is not one of them.
-std::chrono::duration<double> timeFor(size_t bytes) {
-    constexpr double kSeconds = 1.5, kSecondsPerByte = 2e-6;
-    return std::chrono::duration<double>(kSeconds + double(bytes) * kSecondsPerByte);
-}
 
 // The kinds of annotation that have an author under /T, where others have the name of a field or a title.
 bool hasAuthor(fz_context* context, pdf_obj* subtype) {
@@ -40,7 +32,7 @@ std::unique_ptr<MuPDFEngine> MuPDFEngine::open(std::string_view bytes) {
 
 MuPDFEngine::MuPDFEngine(std::string_view bytes)
     : context_(bytes.size()), document_(context_.get(), bytes), pages_(context_.get(), document_.get()),
-      fonts_(context_.get()), deadline_(timeFor(bytes.size())) {}
+      fonts_(context_.get()), limit_(bytes.size()) {}
 
 bool MuPDFEngine::isLocked() { return document_.isLocked(); }
 size_t MuPDFEngine::pageCount() { return pages_.count(); }
@@ -59,7 +51,7 @@ NSDictionary MuPDFEngine::documentAttributes() {
 bool MuPDFEngine::appendPageText(size_t page, std::u16string& text) {
     pdf_obj* dictionary = pages_.page(page);
     if (!dictionary) return true;
-    ContentReader reader(context_.get(), document_.get(), fonts_, deadline_, text);
+    ContentReader reader(context_.get(), document_.get(), fonts_, limit_, text);
     return reader.readPage(dictionary);
 }
 

@@ -3,11 +3,11 @@
 // The engine for PDF documents, on MuPDF.
 #pragma once
 
-#include "Platform/Foundation/Deadline.h"
 #include "Platform/PDFKit/MuPDF/Context.h"
 #include "Platform/PDFKit/MuPDF/FontShelf.h"
 #include "Platform/PDFKit/MuPDF/OpenedDocument.h"
 #include "Platform/PDFKit/MuPDF/PageTree.h"
+#include "Platform/PDFKit/MuPDF/WorkLimit.h"
 #include "Platform/PDFKit/PDFEngine.h"
 
 class MuPDFEngine : public PDFEngine {
@@ -34,5 +34,5 @@ private:
     OpenedDocument document_;
     PageTree pages_;
     FontShelf fonts_;
-    Deadline deadline_;
+    WorkLimit limit_;
 };

@@ -29,7 +29,7 @@ public:
     // Goes back by thousandths of an em, as the numbers in TJ have it.
     void goBack(double thousandths);
 
-    // Calls `use(glyph)` for each code of a string.
+    // Calls `use(glyph)` for each code of a string, until it answers false.
     template <class Use>
     void show(const unsigned char* bytes, size_t count, const Use& use) {
         if (!state.font) return;
@@ -41,7 +41,7 @@ public:
             stroke.glyph.text = code.text();
             stroke.glyph.length = code.width * stroke.glyphUnit;
             if (stroke.glyph.length < 0) stroke.glyph.length = -stroke.glyph.length;
-            use(stroke.glyph);
+            if (!use(stroke.glyph)) break;
             stroke.move(code.width * stroke.em + state.characterSpacing +
                         (code.isSpace ? state.wordSpacing : 0));
             stroke.glyph.continues = true;
