@@ -11,7 +11,7 @@ namespace {
 
 constexpr size_t kMostForms = 24;                 // within each other
 constexpr size_t kMostSaved = 512;                // states
-constexpr size_t kMostContent = size_t(48) << 20; // bytes of one stream, decoded
+constexpr size_t kMostContent = size_t(32) << 20; // bytes of one stream, decoded
 
 } // namespace
 
@@ -149,7 +149,7 @@ void ContentReader::show(const unsigned char* bytes, size_t count) {
     contained(context_, [&] {
         pen_.show(bytes, count, [this](const Glyph& glyph) {
             addGlyph(glyph);
-            return !limit_.passed();
+            return limit_.takeGlyph();
         });
     });
 }

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// How long a document may keep the processor busy. Measured in processor time, so that a busy machine cuts
-// nothing off and the same document always gives the same text.
+// How long a document may keep the processor busy, and how many glyphs it may draw: a long document takes
+// long; a small one that does is up to no good. Measured in processor time, so that a busy machine cuts
+// nothing off.
 #pragma once
 
 #include <cstddef>
@@ -9,9 +10,10 @@
 
 class WorkLimit {
 public:
-    // For a document of so many bytes: a long document takes long; a small one that does is up to no good.
+    // For a document of so many bytes.
     explicit WorkLimit(size_t documentSize)
-        : end_(now() + kSeconds + double(documentSize) * kSecondsPerByte) {}
+        : end_(now() + kSeconds + double(documentSize) * kSecondsPerByte),
+          glyphsLeft_(kGlyphs + documentSize * kGlyphsPerByte) {}
 
     // Begins a page, which may take most of what is left: a bad one must leave something to the others.
     void beginPage() {
@@ -26,9 +28,19 @@ public:
         return passed_;
     }
 
-private:
-    static constexpr double kSeconds = 1.2, kSecondsPerByte = 0.8e-6;
+    // Whether another glyph may be drawn.
+    bool takeGlyph() {
+        if (glyphsLeft_ == 0) passed_ = true;
+        if (passed()) return false;
+        --glyphsLeft_;
+        return true;
+    }
 
+private:
+    static constexpr double kSeconds = 1, kSecondsPerByte = 0.5e-6;
+    static constexpr size_t kGlyphs = 2'000'000, kGlyphsPerByte = 32;
+
+    // Processor time of the process so far, in seconds.
     static double now() {
         timespec time{};
         clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
@@ -36,6 +48,7 @@ private:
     }
 
     double end_, pageEnd_ = 0;
+    size_t glyphsLeft_;
     unsigned questions_ = 0;
     bool passed_ = false;
 };
