@@ -16,6 +16,10 @@ bool hasOneByteCodes(const pdf_cmap* encoding) {
            encoding->codespace[0].high == 0xFF;
 }
 
+bool isIdentity(const pdf_cmap* encoding) {
+    return std::string_view(encoding->cmap_name).substr(0, 8) == "Identity";
+}
+
 // The height of a font whose glyphs are drawings, by the box around them.
 float heightOfDrawings(fz_context* context, fz_font* font) {
     if (!fz_font_t3_procs(context, font) || fz_font_flags(font)->invalid_bbox) return 1;
@@ -54,7 +58,8 @@ bool take(FontCode& entry, const int* characters, int count) {
 
 FontText::FontText(fz_context* context, pdf_font_desc* font, pdf_obj* toUnicode)
     : context_(context), font_(pdf_keep_font(context, font)), toUnicode_(pdf_keep_obj(context, toUnicode)),
-      height_(heightOfDrawings(context, font->font)), oneByte_(hasOneByteCodes(font->encoding)) {
+      height_(heightOfDrawings(context, font->font)), oneByte_(hasOneByteCodes(font->encoding)),
+      codesAreGlyphs_(oneByte_ || isIdentity(font->encoding)) {
     codeOfSlot_.fill(~0U);
 }
 
@@ -100,6 +105,8 @@ void FontText::fill(FontCode& entry, unsigned code, unsigned bytes) {
 }
 
 void FontText::fillText(FontCode& entry, unsigned code, int cid) {
+    // The engine keys the table by the number of the glyph: of codes that share one all but one lose theirs.
+    if (!codesAreGlyphs_ && fillFromOwnTable(entry, code)) return;
     int characters[kMostCharacters];
     if (font_->to_unicode &&
         take(entry, characters, pdf_lookup_cmap_full(font_->to_unicode, unsigned(cid), characters)))
@@ -108,11 +115,10 @@ void FontText::fillText(FontCode& entry, unsigned code, int cid) {
         characters[0] = font_->cid_to_ucs[cid];
         if (take(entry, characters, characters[0] != 0)) return;
     }
-    if (fillFromOwnTable(entry, code)) return;
+    if (codesAreGlyphs_ && fillFromOwnTable(entry, code)) return;
     fillFromProgram(entry, cid);
 }
 
-// The engine keys the table by the number of the glyph; codes that share a glyph lose theirs.
 bool FontText::fillFromOwnTable(FontCode& entry, unsigned code) {
     if (!ownTableLoaded_) {
         ownTableLoaded_ = true;

@@ -69,7 +69,8 @@ void OpenedDocument::openUndecrypted(std::string_view bytes) {
 // Crypt filters say what is encrypted; the identity encrypts nothing.
 bool OpenedDocument::encryptsContent(const char* key) {
     pdf_obj* encrypt = pdf_dict_gets(context_, pdf_trailer(context_, document_), key);
-    if (pdf_dict_get_int(context_, encrypt, PDF_NAME(V)) < 4) return true;
+    int version = pdf_dict_get_int(context_, encrypt, PDF_NAME(V));
+    if (version != 4 && version != 5) return true;
     for (pdf_obj* filter : {PDF_NAME(StmF), PDF_NAME(StrF)}) {
         pdf_obj* name = pdf_dict_get(context_, encrypt, filter);
         if (name && !pdf_name_eq(context_, name, PDF_NAME(Identity))) return true;
