@@ -38,7 +38,7 @@ protected:
 };
 
 constexpr std::pair<const char*, const char*> kModules[] = {
-    {"HTMLPath", "HTML"}, {"WordXPath", "OpenPackage"}, {"ODTPath", "OpenPackage"}};
+    {"HTMLPath", "HTML"}, {"WordXPath", "OpenPackage"}, {"ODTPath", "OpenPackage"}, {"PDFPath", "PDF"}};
 
 TEST_F(Module, ThatIsMissingIsError3587WithThePath) {
     std::string file = write("document", "PK\3\4");

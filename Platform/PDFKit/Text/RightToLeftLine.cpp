@@ -4,6 +4,7 @@
 // right to left the glyphs are put in the order in which they stand, from left to right, and then turned
 // round: the whole line or single runs, and within them Latin words and numbers back again.
 #include "Platform/PDFKit/Text/CharacterClasses.h"
+#include "Platform/PDFKit/Text/LineWriter.h"
 #include "Platform/PDFKit/Text/TextLine.h"
 
 #include <algorithm>
@@ -143,14 +144,6 @@ void turnRuns(Items& items) {
     }
 }
 
-void append(const Item& item, std::u16string& out) {
-    if (item.turned && item.text.size() == 1) {
-        out += mirrored(item.text[0]);
-    } else {
-        out += item.text;
-    }
-}
-
 } // namespace
 
 bool appendRightToLeftLine(const TextLine& line, std::u16string& out) {
@@ -164,16 +157,13 @@ bool appendRightToLeftLine(const TextLine& line, std::u16string& out) {
     } else {
         turnRuns(items);
     }
-    bool blank = false, any = false;
+    LineWriter writer(out);
     for (const Item& item : items) {
-        if (item.kind == Class::blank) {
-            blank = true;
-            continue;
+        if (item.turned && item.text.size() == 1) {
+            writer.add(mirrored(item.text[0]));
+        } else {
+            writer.add(item.text);
         }
-        if (any && blank) out += u' ';
-        append(item, out);
-        blank = false;
-        any = true;
     }
-    return any;
+    return writer.any();
 }

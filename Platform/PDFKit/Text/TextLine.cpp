@@ -2,6 +2,7 @@
 #include "Platform/PDFKit/Text/TextLine.h"
 
 #include "Platform/PDFKit/Text/CharacterClasses.h"
+#include "Platform/PDFKit/Text/LineWriter.h"
 
 #include <algorithm>
 #include <cmath>
@@ -64,16 +65,10 @@ void closeLetterSpacing(TextLine& line) {
 }
 
 bool appendLine(const TextLine& line, std::u16string& out) {
-    bool blank = false, any = false;
+    LineWriter writer(out);
     for (const PlacedGlyph& glyph : line.glyphs) {
-        if (glyph.isBlank()) {
-            blank = true;
-            continue;
-        }
-        if (any && (blank || glyph.followsBlank())) out += u' ';
-        out += line.textOf(glyph);
-        blank = false;
-        any = true;
+        if (glyph.followsBlank()) writer.addBlank();
+        writer.add(line.textOf(glyph));
     }
-    return any;
+    return writer.any();
 }

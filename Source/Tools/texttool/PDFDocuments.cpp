@@ -9,7 +9,9 @@
 #include "Source/Tools/texttool/Extractors.h"
 #include "Source/Tools/texttool/Report.h"
 #include "Source/Tools/texttool/Settings.h"
+#include "ZORFoundation/Source/NSError+ZOR.h"
 #include "ZORFoundation/Source/NSString+ZORFilesBasics.h"
+#include "ZORFoundation/Source/NSURL+ZORXattr.h"
 #include "ZORFoundation/Source/NSUserDefaults+ZOR.h"
 
 #include <algorithm>
@@ -72,7 +74,7 @@ void handlePDF() {
     NSError error;
     PDFDocument document = PDFDocument::initWithData(dataFromPath(path), &error);
     if (error) {
-        reportError(withPathOfDocument(error, path));
+        reportError(zorErrorBySettingFilePath(error, path)); // the reader cannot be loaded
     } else if (!document) {
         reportCorruptFile(path);
     } else if (document.isLocked()) {
@@ -101,4 +103,7 @@ void appendAnnotationText(const PDFAnnotation& annotation, std::u16string& text)
     if (auto link = dynamic_cast<const PDFAnnotationLink*>(&annotation)) append(link->URL().description());
 }
 
-NSString skimNotesForPDFPath(const NSString&) { return nullptr; }
+NSString skimNotesForPDFPath(const NSString& path) {
+    return as<NSString>(zorXattrPropertyListForKey(
+        NSURL::fileURLWithPath(path), NSString(u"net_sourceforge_skim-app_text_notes"), nullptr));
+}

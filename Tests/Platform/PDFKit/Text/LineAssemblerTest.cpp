@@ -41,6 +41,10 @@ TEST(LineAssembler, WritesBlanksOfEveryKindAsOne) {
     EXPECT_EQ(Page().show(u"a ").gap(20).show(u" b").text(), u"a b");
 }
 
+TEST(LineAssembler, WritesBlanksWithinGlyphsLikewise) {
+    EXPECT_EQ(Page().glyph(u" a  b ").glyph(u" c\n").text(), u"a b c");
+}
+
 TEST(LineAssembler, PutsNoBlanksAtTheEndsOfLines) {
     EXPECT_EQ(Page().at(0, 50).show(u"  a  ").at(0, 30).show(u"   ").at(0, 10).show(u" b ").text(), u"a\nb");
 }
