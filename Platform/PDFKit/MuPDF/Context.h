@@ -19,6 +19,9 @@ public:
     // Null when there was no memory.
     fz_context* get() const { return context_; }
 
+    // Bytes of the budget that nobody uses.
+    size_t memoryLeft() const { return left_; }
+
 private:
     size_t left_;
     fz_alloc_context allocator_;

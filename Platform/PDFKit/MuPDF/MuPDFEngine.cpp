@@ -8,6 +8,8 @@
 
 namespace {
 
+constexpr size_t kKeptObjects = size_t(1) << 20; // bytes
+
 // The kinds of annotation that have an author under /T, where others have the name of a field or a title.
 bool hasAuthor(fz_context* context, pdf_obj* subtype) {
     for (pdf_obj* other :
@@ -32,7 +34,7 @@ std::unique_ptr<MuPDFEngine> MuPDFEngine::open(std::string_view bytes) {
 
 MuPDFEngine::MuPDFEngine(std::string_view bytes)
     : context_(bytes.size()), document_(context_.get(), bytes), pages_(context_.get(), document_.get()),
-      fonts_(context_.get()), limit_(bytes.size()) {}
+      fonts_(context_.get()), limit_(bytes.size()), memoryLeft_(context_.memoryLeft()) {}
 
 bool MuPDFEngine::isLocked() { return document_.isLocked(); }
 size_t MuPDFEngine::pageCount() { return pages_.count(); }
@@ -51,8 +53,16 @@ NSDictionary MuPDFEngine::documentAttributes() {
 bool MuPDFEngine::appendPageText(size_t page, std::u16string& text) {
     pdf_obj* dictionary = pages_.page(page);
     if (!dictionary) return true;
+    forgetObjects();
     ContentReader reader(context_.get(), document_.get(), fonts_, limit_, text);
     return reader.readPage(dictionary);
+}
+
+// The engine keeps every object that it has loaded. Few of them are asked for on later pages.
+void MuPDFEngine::forgetObjects() {
+    if (context_.memoryLeft() + kKeptObjects > memoryLeft_) return;
+    guarded(context_.get(), [this] { pdf_clear_xref(context_.get(), document_.get()); });
+    memoryLeft_ = context_.memoryLeft();
 }
 
 size_t MuPDFEngine::annotationCount(size_t page) {

@@ -29,10 +29,12 @@ private:
 
     pdf_obj* annotation(size_t page, size_t index);
     std::string_view baseURI();
+    void forgetObjects();
 
     Context context_;
     OpenedDocument document_;
     PageTree pages_;
     FontShelf fonts_;
     WorkLimit limit_;
+    size_t memoryLeft_; // when objects were last forgotten
 };
