@@ -2,6 +2,7 @@
 #include "Platform/PDFKit/Text/CleanText.h"
 
 #include "Platform/Foundation/UnicodeText.h"
+#include "Platform/PDFKit/Text/ArabicForms.h"
 
 #include <algorithm>
 
@@ -12,7 +13,10 @@ constexpr std::u16string_view kLigatures[] = {u"ff", u"fi", u"fl", u"ffi", u"ffl
 
 constexpr bool isControl(char16_t c) { return c < 0x20 || c == 0x7F; }
 constexpr bool isLigature(char16_t c) { return c >= 0xFB00 && c <= 0xFB06; }
-constexpr bool mayStand(char16_t c) { return !isControl(c) && !isLigature(c) && !isSurrogate(c); }
+constexpr bool mayBeForm(char16_t c) { return c >= 0xFB50 && c <= 0xFEFC; }
+constexpr bool mayStand(char16_t c) {
+    return !isControl(c) && !isLigature(c) && !isSurrogate(c) && !mayBeForm(c);
+}
 
 } // namespace
 
@@ -26,6 +30,8 @@ std::u16string_view cleanText(std::u16string_view text, std::u16string& scratch)
             scratch += u' ';
         } else if (isLigature(c)) {
             scratch += kLigatures[c - 0xFB00];
+        } else if (std::u16string_view letters = lettersOfArabicForm(c); !letters.empty()) {
+            scratch += letters;
         } else if (isHighSurrogate(c) && i + 1 < text.size() && isLowSurrogate(text[i + 1])) {
             scratch += text.substr(i++, 2);
         } else {

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
-// Without U+0000, controls as blanks, Latin ligatures in their letters, lone surrogates as U+FFFD. The result
-// is `text` itself where nothing had to change, else it lies in `scratch`. Long texts are cut off.
+// Without U+0000, controls as blanks, ligatures and Arabic shapes in their letters, lone surrogates as
+// U+FFFD. The result is `text` itself where nothing had to change, else it lies in `scratch`. Long texts are
+// cut off.
 std::u16string_view cleanText(std::u16string_view text, std::u16string& scratch);

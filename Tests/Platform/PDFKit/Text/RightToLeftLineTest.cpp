@@ -59,6 +59,13 @@ TEST(RightToLeftLine, KeepsGlyphsOfSeveralLettersWhole) {
     EXPECT_EQ(Page().glyph(u"م").glyph(u"لا").glyph(u"س").text(), u"سلام");
 }
 
+TEST(RightToLeftLine, IsMadeOfLettersWhereTheFontKnowsShapes) {
+    EXPECT_EQ(read(u"\uFEE1\uFEFC\uFEB3"), u"سلام");
+    EXPECT_EQ(read(u"\uFBFD\uFB90"), u"\u06A9\u06CC");
+    EXPECT_EQ(read(u"\uFB4F"), u"\uFB4F") << "Hebrew ones stay";
+    EXPECT_EQ(read(u"\uFDFA\uFE73"), u"\uFE73\uFDFA") << "and what is no single letter";
+}
+
 TEST(RightToLeftLine, PutsMarksBehindTheirLetters) {
     Page page;
     page.at(0, 0).show(u"בא"); // alef at the right, from 5 to 10
