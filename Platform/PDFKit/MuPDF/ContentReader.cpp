@@ -35,7 +35,7 @@ ContentReader::~ContentReader() {
 }
 
 bool ContentReader::readPage(pdf_obj* page) {
-    limit_.beginPage();
+    if (!limit_.beginPage()) return true;
     bool begun = guarded(context_, [&] {
         processor_ = static_cast<Processor*>(pdf_new_processor(context_, sizeof(Processor)));
         processor_->reader = this;

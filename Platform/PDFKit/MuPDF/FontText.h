@@ -55,7 +55,7 @@ private:
     bool ownTableLoaded_ = false;
     float height_ = 1;
     bool oneByte_;
-    bool codesAreGlyphs_; // no two codes stand for the same glyph
+    bool codesAreGlyphs_;                  // no two codes stand for the same glyph
     std::array<FontCode, 256> codes_;      // by code where codes have one byte, else a cache
     std::array<unsigned, 256> codeOfSlot_; // code and number of bytes that a slot of the cache holds
     std::vector<char16_t> charactersOfGlyphs_;

@@ -9,6 +9,7 @@
 namespace {
 
 constexpr size_t kKeptObjects = size_t(1) << 20; // bytes
+constexpr unsigned kPagesBetween = 16;           // what all pages need is loaded anew after each forgetting
 
 // The kinds of annotation that have an author under /T, where others have the name of a field or a title.
 bool hasAuthor(fz_context* context, pdf_obj* subtype) {
@@ -60,7 +61,7 @@ bool MuPDFEngine::appendPageText(size_t page, std::u16string& text) {
 
 // The engine keeps every object that it has loaded. Few of them are asked for on later pages.
 void MuPDFEngine::forgetObjects() {
-    if (context_.memoryLeft() + kKeptObjects > memoryLeft_) return;
+    if (++pagesRead_ % kPagesBetween != 0 || context_.memoryLeft() + kKeptObjects > memoryLeft_) return;
     guarded(context_.get(), [this] { pdf_clear_xref(context_.get(), document_.get()); });
     memoryLeft_ = context_.memoryLeft();
 }

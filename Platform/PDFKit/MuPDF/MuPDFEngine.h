@@ -36,5 +36,6 @@ private:
     PageTree pages_;
     FontShelf fonts_;
     WorkLimit limit_;
+    unsigned pagesRead_ = 0;
     size_t memoryLeft_; // when objects were last forgotten
 };

@@ -21,6 +21,11 @@ PageTree::~PageTree() {
 }
 
 size_t PageTree::count() {
+    if (!count_) count_ = findCount();
+    return *count_;
+}
+
+size_t PageTree::findCount() {
     int64_t said = 0, objects = 0;
     bool says = false;
     guarded(context_, [&] {

@@ -8,6 +8,7 @@
 #include <mupdf/pdf.h>
 
 #include <cstddef>
+#include <optional>
 #include <vector>
 
 class PageTree {
@@ -30,6 +31,7 @@ private:
         int next;
     };
 
+    size_t findCount();
     void begin();
     void step();
     void enter(pdf_obj* kid);
@@ -38,6 +40,7 @@ private:
 
     fz_context* context_;
     pdf_document* document_;
+    std::optional<size_t> count_;
     bool begun_ = false;
     std::vector<Node> path_;
     std::vector<bool> visited_;   // by object number

@@ -15,11 +15,13 @@ public:
         : end_(now() + kSeconds + double(documentSize) * kSecondsPerByte),
           glyphsLeft_(kGlyphs + documentSize * kGlyphsPerByte) {}
 
-    // Begins a page, which may take most of what is left: a bad one must leave something to the others.
-    void beginPage() {
+    // Begins a page, which may take most of what is left: a bad one must leave something to the others. False
+    // when nothing is left.
+    bool beginPage() {
         double time = now();
         pageEnd_ = time + (end_ - time) * 3 / 4;
         passed_ = time >= end_;
+        return !passed_;
     }
 
     // Whether the page's time is up. Cheap enough for inner loops.
