@@ -107,6 +107,7 @@ void ContentReader::readForm(pdf_obj* form, pdf_obj* resources) {
     pdf_obj* own = pdf_xobject_resources(context_, form);
     pdf_obj* const inner = own ? own : resources;
     const size_t outside = savedOutside_, marks = markDepth_;
+    const int hidden = processor_->super.hidden;
     save();
     savedOutside_ = saved_.size();
     contained(context_, [&] { formsEntered_.push_back(pdf_to_num(context_, form)); });
@@ -114,7 +115,8 @@ void ContentReader::readForm(pdf_obj* form, pdf_obj* resources) {
     fz_try(context_) { readContent(form, inner); }
     fz_always(context_) {
         formsEntered_.pop_back();
-        markDepth_ = std::min(markDepth_, marks);
+        processor_->super.hidden = hidden;
+        leaveMarks(marks);
         saved_.resize(savedOutside_);
         savedOutside_ = outside;
         restore();
@@ -201,6 +203,17 @@ void ContentReader::endMarked() {
         contained(context_, [this] { endReplacement(); });
     }
     if (markDepth_ > 0) --markDepth_;
+}
+
+// Ends what a form has begun and not ended. Must not fail.
+void ContentReader::leaveMarks(size_t depth) noexcept {
+    markDepth_ = std::min(markDepth_, depth);
+    if (replacement_.depth <= depth) return;
+    try {
+        endReplacement();
+    } catch (const std::bad_alloc&) {
+        // The text is lost; the rest of the page need not be.
+    }
 }
 
 void ContentReader::endReplacement() {

@@ -44,6 +44,7 @@ private:
     void addGlyph(const Glyph& glyph);
     void beginMarked(pdf_obj* properties);
     void endMarked();
+    void leaveMarks(size_t depth) noexcept;
     void endReplacement();
     void checkTime();
 

@@ -45,9 +45,7 @@ pdf_obj* PageTree::page(size_t index) {
         begun_ = true;
         guarded(context_, [this] { begin(); });
     }
-    while (index >= pages_.size() && !path_.empty()) {
-        if (!guarded(context_, [this] { step(); })) continue;
-    }
+    while (index >= pages_.size() && !path_.empty()) guarded(context_, [this] { step(); });
     return index < pages_.size() ? pages_[index] : nullptr;
 }
 
@@ -57,10 +55,10 @@ void PageTree::begin() {
     enter(rootOf(context_, document_));
 }
 
-// Goes on to the next child of the innermost node.
+// Goes on to the next child of the innermost node, and does so even when that child cannot be loaded.
 void PageTree::step() {
     Node& node = path_.back();
-    if (node.next >= pdf_array_len(context_, node.kids)) {
+    if (node.next >= node.count) {
         pdf_drop_obj(context_, node.kids);
         path_.pop_back();
         return;
@@ -76,8 +74,9 @@ void PageTree::enter(pdf_obj* kid) {
         return;
     }
     if (path_.size() >= kDeepest || isVisited(kid)) return;
-    contained(context_, [&] { path_.push_back({nullptr, 0}); });
-    path_.back().kids = pdf_keep_obj(context_, kids);
+    int count = pdf_array_len(context_, kids);
+    contained(context_, [&] { path_.push_back({kids, 0, count}); });
+    pdf_keep_obj(context_, kids);
 }
 
 bool PageTree::isVisited(pdf_obj* node) {

@@ -28,7 +28,7 @@ public:
 private:
     struct Node {
         pdf_obj* kids; // kept
-        int next;
+        int next, count;
     };
 
     size_t findCount();

@@ -84,6 +84,12 @@ TEST(PDFAnnotationLink, LeadsToAURL) {
     EXPECT_EQ(urlOf("/S/URI/URI(http://example.org/\xC3\xBC)"), "http://example.org/%C3%BC");
 }
 
+TEST(PDFAnnotationLink, LeadsToWhatIsNoProperURLToo) {
+    for (const char* url : {"http://example.org/[a]|^`{b}", "http://example.org/%zz", "www.example.org",
+                            "#here", "http://example.org/a\"<b>", "::"})
+        EXPECT_EQ(urlOf("/S/URI/URI(" + std::string(url) + ")"), url);
+}
+
 TEST(PDFAnnotationLink, ThatLeadsElsewhereHasNoURL) {
     for (const char* action : {"/S/GoTo/D[5 0 R/Fit]", "/S/Launch/F(a.exe)", "/S/GoToR/F(b.pdf)", "/S/URI",
                                "/S/URI/URI/Name", "/S/Named/N/NextPage", "/URI(http://example.org/)"})

@@ -44,6 +44,20 @@ TEST(Form, MayNotTakeStatesFromAround) {
     EXPECT_EQ(textOf(writer.write()), u"ab");
 }
 
+TEST(Form, EndsItsOwnMarks) {
+    PDFWriter writer;
+    int layer = writer.add("<</Type/OCG/Name(off)>>");
+    writer.catalog = "/OCProperties<</OCGs[" + reference(layer) + "]/D<</OFF[" + reference(layer) + "]>>>>";
+    int said = writer.addStream("/Span<</ActualText(said)>>BDC " + textAt(50, 700, "x"),
+                                std::string(kForm) + kFonts);
+    int hidden = writer.addStream("/OC/Off BDC " + textAt(50, 680, "hidden"),
+                                  std::string(kForm) + "/Resources<</Font<</F 3 0 R>>/Properties<</Off " +
+                                      reference(layer) + ">>>>");
+    writer.addPage("/A Do /B Do " + textAt(50, 660, "after"),
+                   resourcesWith("/XObject<</A " + reference(said) + "/B " + reference(hidden) + ">>"));
+    EXPECT_EQ(textOf(writer.write()), u"said\nafter");
+}
+
 TEST(Form, ThatDrawsItselfIsDrawnOnce) {
     PDFWriter writer;
     int form = int(writer.addStream("", kForm));
