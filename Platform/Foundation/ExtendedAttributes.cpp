@@ -5,7 +5,7 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstring>
+#include <iterator>
 #include <string>
 #include <string_view>
 #include <sys/xattr.h>
@@ -89,8 +89,7 @@ ssize_t listAttributes(const char* path, char* names, size_t size, int options) 
     const std::string list = renamed(all);
     if (size == 0) return ssize_t(list.size());
     if (size < list.size()) return failWith(ERANGE);
-    memcpy(names, list.data(), list.size());
-    return ssize_t(list.size());
+    return ssize_t(list.copy(names, list.size()));
 }
 
 int setAttribute(const char* path, const char* name, const void* value, size_t size, int options) {
