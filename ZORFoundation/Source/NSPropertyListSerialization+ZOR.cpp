@@ -19,7 +19,7 @@ void addFrame(NSError* error, const char* method, unsigned long line) {
 namespace NSPropertyListSerializationZOR {
 
 NSData zorDataFromPropertyList(const NSObject& propertyList, NSPropertyListFormat format, NSError* error) {
-    const NSData data = dataWithPropertyList(propertyList, format, error);
+    NSData data = dataWithPropertyList(propertyList, format, error);
     if (data || !error) return data;
     *error = zorErrorBySettingFailingObject(*error, propertyList);
     addFrame(error, "+[NSPropertyListSerialization(ZOR) zorDataFromPropertyList:format:error:]", 21);
@@ -47,7 +47,7 @@ bool zorWritePropertyList(const NSObject& propertyList, const NSURL& url, NSProp
 }
 
 NSObject zorPropertyListFromData(const NSData& data, unsigned, NSPropertyListFormat* format, NSError* error) {
-    const NSObject list = propertyListWithData(data.bytes(), format, error);
+    NSObject list = propertyListWithData(data.bytes(), format, error);
     if (list || !error) return list;
     *error = zorErrorBySettingFailingObject(*error, NSData(std::string(data.bytes().substr(0, kShownBytes))));
     addFrame(error, "+[NSPropertyListSerialization(ZOR) zorPropertyListFromData:options:format:error:]", 65);
@@ -67,7 +67,7 @@ NSObject zorPropertyListWithContentsOfURL(const NSURL& url, unsigned options, NS
         addFrame(error, method, 74);
         return {};
     }
-    const NSObject list = zorPropertyListFromData(data, options, format, error);
+    NSObject list = zorPropertyListFromData(data, options, format, error);
     if (list || !error) return list;
     *error = zorErrorBySettingFileURL(*error, url);
     addFrame(error, method, 82);

@@ -61,8 +61,7 @@ NSData zorXattrDataForKey(const NSURL& url, const NSString& key, NSError* error)
         return nullptr;
     }
     NSError failure;
-    const NSData value =
-        ZORPOSIX::getxattrPath(pointer(path), pointer(key8), kOptions, error ? &failure : nullptr);
+    NSData value = ZORPOSIX::getxattrPath(pointer(path), pointer(key8), kOptions, error ? &failure : nullptr);
     if (value || !error) return value;
     *error = failure;
     if (!zorHasDomain(failure, NSPOSIXErrorDomain, 93)) setFailingKey(error, key);
