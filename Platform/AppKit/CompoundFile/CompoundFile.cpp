@@ -2,6 +2,7 @@
 #include "Platform/AppKit/CompoundFile/CompoundFile.h"
 
 #include "Platform/AppKit/CompoundFile/LittleEndian.h"
+#include "Platform/Foundation/ASCII.h"
 
 namespace {
 
@@ -133,7 +134,7 @@ void CompoundFile::readDirectory() {
 
 const CompoundFile::Entry* CompoundFile::find(std::string_view name) const {
     for (const Entry& entry : entries_) {
-        if (entry.name == name) return &entry;
+        if (equalIgnoringCase(entry.name, name)) return &entry;
     }
     return nullptr;
 }

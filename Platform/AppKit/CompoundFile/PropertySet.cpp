@@ -67,8 +67,10 @@ std::optional<double> PropertySet::time(uint32_t identifier) const {
     std::string_view value = property(identifier);
     if (uint16At(value, 0) != kFileTime || !holds(value, 4, 8)) return std::nullopt;
     uint64_t ticks = uint64At(value, 4); // of 100 nanoseconds since 1601
-    if (ticks == 0) return std::nullopt;
     constexpr uint64_t kTicksInSecond = 10'000'000;
+    constexpr uint64_t kSecondsInYear = 365 * 86'400;
+    // Writers that know no time leave zero, or a span of time, which falls into the first year.
+    if (ticks < kSecondsInYear * kTicksInSecond) return std::nullopt;
     constexpr int64_t kSecondsFrom1601To2001 = 12'622'780'800;
     int64_t seconds = int64_t(ticks / kTicksInSecond) - kSecondsFrom1601To2001;
     return double(seconds) + double(ticks % kTicksInSecond) / double(kTicksInSecond);

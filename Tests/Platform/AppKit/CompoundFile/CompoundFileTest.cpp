@@ -53,6 +53,13 @@ TEST(CompoundFile, FollowsScatteredSectorsPastTheHeadersTable) {
     EXPECT_EQ(streamOf(file, "Large"), large);
 }
 
+TEST(CompoundFile, FindsStreamsByNamesInAnyCase) {
+    std::string file = CompoundFileWriter().stream("WORDDOCUMENT", "text").finish();
+    EXPECT_EQ(streamOf(file, "WordDocument"), "text");
+    EXPECT_TRUE(CompoundFile::open(file)->contains("worddocument"));
+    EXPECT_FALSE(CompoundFile::open(file)->contains("worddocumen"));
+}
+
 TEST(CompoundFile, FindsStreamsOfTheRootOnly) {
     std::string file = CompoundFileWriter()
                            .embedded("ObjectPool", "WordDocument", "inner")

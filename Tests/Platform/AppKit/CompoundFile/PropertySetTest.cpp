@@ -58,6 +58,16 @@ TEST(PropertySet, ReadsTimesAsSecondsSince2001) {
     EXPECT_EQ(PropertySet(set).text(15), u"");
 }
 
+TEST(PropertySet, TakesTimesInTheFirstYearOfTheirCountForNone) {
+    constexpr uint64_t kTicksInDay = uint64_t(86'400) * 10'000'000;
+    for (uint64_t ticks : {uint64_t(0), uint64_t(1), kTicksInDay, 364 * kTicksInDay}) {
+        std::string set = PropertySetWriter().time(SummaryProperty::creationTime, ticks).finish();
+        EXPECT_EQ(PropertySet(set).time(SummaryProperty::creationTime), std::nullopt) << ticks;
+    }
+    std::string set = PropertySetWriter().time(SummaryProperty::creationTime, 365 * kTicksInDay).finish();
+    EXPECT_EQ(PropertySet(set).time(SummaryProperty::creationTime), -12'591'244'800.0);
+}
+
 TEST(PropertySet, GivesWhatIsThereOfATruncatedSet) {
     std::string set = PropertySetWriter().byteString(2, "the title").byteString(4, "the author").finish();
     for (size_t kept = 0; kept <= set.size(); ++kept) {
