@@ -97,10 +97,11 @@ std::optional<double> lengthValue(std::string_view text) {
 
 std::optional<DocumentTime> timeValue(std::string_view text) {
     text = trimmed(text, isXMLSpace);
-    int year = 0, month = 0, day = 0;
-    if (!takeDigits(text, 4, year) || !take(text, '-') || !takeDigits(text, 2, month) || !take(text, '-') ||
-        !takeDigits(text, 2, day)) {
-        return std::nullopt;
+    int year = 0, month = 1, day = 1;
+    if (!takeDigits(text, 4, year)) return std::nullopt;
+    for (int* part : {&month, &day}) {
+        if (text.empty()) break;
+        if (!take(text, '-') || !takeDigits(text, 2, *part)) return std::nullopt;
     }
     ClockTime time;
     if (take(text, 'T') && !takeTime(text, time)) return std::nullopt;

@@ -54,8 +54,8 @@ TEST(XMLValues, readTimesOfKnownZones) {
         ASSERT_TRUE(timeValue(c.text)) << c.text;
         EXPECT_NEAR(*timeValue(c.text), c.time, 1e-5) << c.text;
     }
-    for (const char* text :
-         {"", "2001", "2001-13-01", "2001-02-29", "2001-01-01T25:00:00Z", "2001-01-01T00", "01.02.2003"}) {
+    for (const char* text : {"", "200", "2001-", "2001T00:00:00Z", "2001-01T00:00:00Z", "2001-13-01",
+                             "2001-02-29", "2001-01-01T25:00:00Z", "2001-01-01T00", "01.02.2003"}) {
         EXPECT_FALSE(timeValue(text)) << text;
     }
 }
@@ -67,6 +67,8 @@ TEST(XMLValues, readTimesWithoutAZoneAsLocal) {
     tzset();
     EXPECT_EQ(timeValue("2001-01-01T00:00:00"), 5 * 3600.0);
     EXPECT_EQ(timeValue("2001-01-02"), 29 * 3600.0);
+    EXPECT_EQ(timeValue("2001-02"), (31 * 24 + 5) * 3600.0); // a month or a year is its first instant
+    EXPECT_EQ(timeValue("2002"), (365 * 24 + 5) * 3600.0);
     EXPECT_EQ(timeValue("2001-01-01T00:00:00.5"), 5 * 3600.0 + 0.5);
     before == nullptr ? unsetenv("TZ") : setenv("TZ", kept.c_str(), 1);
     tzset();
