@@ -54,11 +54,12 @@ NSObject propertyListOf(std::string_view value) {
 std::vector<NSObject> stringsOf(const NSObject& list, bool cutAtLineEnd) {
     std::vector<NSObject> strings;
     auto add = [&](const NSObject& element) {
+        if (!is<NSString>(element)) return;
         std::u16string text = as<NSString>(element).text();
         if (cutAtLineEnd) text = text.substr(0, text.find(u'\n'));
-        if (!text.empty()) strings.push_back(NSString(std::move(text)));
+        strings.push_back(NSString(std::move(text)));
     };
-    if (is<NSString>(list)) add(list);
+    add(list);
     for (const NSObject& element : as<NSArray>(list)) add(element);
     return strings;
 }
@@ -80,9 +81,12 @@ NSObject keywordsOf(const std::string& file) {
         std::string name = names.c_str() + at;
         at += name.size() + 1;
         std::string known = platformName(name);
-        if (known == kKeywordsName) keywords = stringsOf(propertyListOf(attributeValue(file, name)), false);
+        // A share may hold the same attribute under two names, one of them damaged.
+        if (known == kKeywordsName && keywords.empty())
+            keywords = stringsOf(propertyListOf(attributeValue(file, name)), false);
         if (known == kDesktopTagsName) desktopTags = commaSeparated(attributeValue(file, name));
-        if (known == kUserTagsName) userTags = stringsOf(propertyListOf(attributeValue(file, name)), true);
+        if (known == kUserTagsName && userTags.empty())
+            userTags = stringsOf(propertyListOf(attributeValue(file, name)), true);
     }
     for (auto* source : {&keywords, &desktopTags, &userTags}) {
         if (!source->empty()) return NSArray(std::move(*source));

@@ -49,6 +49,23 @@ TEST_F(Keywords, MayBeOneStringInXML) {
     EXPECT_EQ(keywords(), "k1, k2|");
 }
 
+TEST_F(Keywords, AreAllStringsOfTheArrayInTheirOrder) {
+    set("user.com.apple.metadata:kMDItemKeywords",
+        binaryList(NSArray{NSString(u""), NSString(u"k1"), NSString(u""), NSString(u"k1")}));
+    EXPECT_EQ(keywords(), "|k1||k1|");
+}
+
+TEST_F(Keywords, OfTwoAttributesOfTheNameAreThoseOfTheOneThatCanBeRead) {
+    const std::string good = binaryList(NSArray{NSString(u"k1")});
+    const std::string own = "user.com.apple.metadata:kMDItemKeywords";
+    const std::string shares = "user.DosStream.com.apple.metadata:kMDItemKeywords:$DATA";
+    for (bool ownIsGood : {true, false}) {
+        set(own, ownIsGood ? good : "bplist00 damaged");
+        set(shares, ownIsGood ? "bplist00 damaged" : good);
+        EXPECT_EQ(keywords(), "k1|") << ownIsGood;
+    }
+}
+
 TEST_F(Keywords, ComeFromASambaSharesStream) {
     std::string value = binaryList(NSArray{NSString(u"k1")}) + std::string(1, '\0');
     set("user.DosStream.com.apple.metadata\xEF\x80\xA2kMDItemKeywords:$DATA", value);
