@@ -122,6 +122,12 @@ int followLinks(const std::string& path, std::string& target) {
     return ELOOP;
 }
 
+// The links of open files, in /proc, are more than their text, which need not be the path of anything.
+bool isSameFile(const std::string& path, const struct stat& file) {
+    struct stat other {};
+    return stat(path.c_str(), &other) == 0 && other.st_dev == file.st_dev && other.st_ino == file.st_ino;
+}
+
 // A temporary file beside its target, gone again unless it was renamed to it.
 class TemporaryFile {
 public:
@@ -167,13 +173,14 @@ int writeDirectly(const std::string& path, std::string_view bytes, bool mayRepla
 }
 
 int writeAtomically(const std::string& path, std::string_view bytes) {
-    std::string target;
-    if (int error = followLinks(path, target)) return error;
     struct stat info {};
-    bool exists = stat(target.c_str(), &info) == 0;
+    bool exists = stat(path.c_str(), &info) == 0;
     if (exists && S_ISDIR(info.st_mode)) return EISDIR;
     // A pipe or a device is not a file that could be exchanged for another.
-    if (exists && !S_ISREG(info.st_mode)) return writeDirectly(target, bytes, true);
+    if (exists && !S_ISREG(info.st_mode)) return writeDirectly(path, bytes, true);
+    std::string target;
+    if (int error = followLinks(path, target)) return error;
+    if (exists && !isSameFile(target, info)) return writeDirectly(path, bytes, true);
     return TemporaryFile(target).becomeTarget(bytes, exists ? info.st_mode & 07777 : modeOfNewFile());
 }
 

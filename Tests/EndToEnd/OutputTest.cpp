@@ -147,6 +147,26 @@ ToolCommand underShell(const std::string& script, const std::string& document, c
     return {.arguments = {"-c", "tool=$0; " + script, TEXTTOOL_PROGRAM, document, other}, .program = "bash"};
 }
 
+TEST_F(Output, GoesWhereverAnOpenFileThatOutPathNamesLeads) {
+    const std::string record = request("RTFPath", document).output;
+    for (const char* name : {"/dev/stdout", "/dev/fd/1", "/proc/self/fd/1"}) {
+        const std::string run = std::string("OutPath=") + name + R"( "$tool" -RTFPath "$1")";
+        const std::pair<const char*, std::string> ways[] = {
+            {"a pipe", run + " | cat"},
+            {"a file", run + R"( >"$2"; cat "$2")"},
+            {"a file without a name", R"(exec 5<>"$2"; rm "$2"; )" + run + " >&5; cat <&5"},
+        };
+        for (const auto& [way, script] : ways) {
+            ToolResult result = runTool(underShell(script, document, path("out")));
+            EXPECT_EQ(result.output, record) << name << " to " << way;
+            EXPECT_EQ(result.errors, "") << name << " to " << way;
+        }
+    }
+    std::error_code ignored;
+    fs::remove(path("out"), ignored);
+    EXPECT_EQ(namesIn(folder.path()), std::vector<std::string>{"document.rtf"});
+}
+
 std::string longDocument() { return "{\\rtf1 " + std::string(1'000'000, 'x') + "}"; }
 
 TEST_F(Output, ToAReaderThatHasGoneIsAnExceptionInTheLog) {
