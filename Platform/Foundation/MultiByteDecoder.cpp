@@ -136,7 +136,8 @@ size_t rejectedLength(std::string_view bytes, const Charset& charset) {
     return length;
 }
 
-bool convertAll(std::u16string& out, std::string_view bytes, const Charset& charset, Converter& converter) {
+bool convertAll(std::u16string& out, std::string_view bytes, const Charset& charset, Converter& converter,
+                const char16_t* loneBytes) {
     bool whole = true;
     converter.reset();
     while (!bytes.empty()) {
@@ -148,9 +149,11 @@ bool convertAll(std::u16string& out, std::string_view bytes, const Charset& char
             continue;
         }
         whole = false;
-        out.push_back(kReplacementCharacter);
-        if (error != EILSEQ) break; // an incomplete character at the end
-        bytes.remove_prefix(rejectedLength(bytes, charset));
+        // Otherwise the rest is an incomplete character.
+        const size_t length = error == EILSEQ ? rejectedLength(bytes, charset) : bytes.size();
+        const bool isLone = length == 1 && loneBytes != nullptr && isHighByte(bytes[0]);
+        out.push_back(isLone ? loneBytes[bytes[0] & 0x7F] : kReplacementCharacter);
+        bytes.remove_prefix(length);
     }
     converter.finish(out);
     return whole;
@@ -160,7 +163,8 @@ bool convertAll(std::u16string& out, std::string_view bytes, const Charset& char
 
 bool isMultiByteEncoding(NSStringEncoding encoding) { return charsetOf(encoding) != kCharsetCount; }
 
-bool appendMultiByte(std::u16string& out, std::string_view bytes, NSStringEncoding encoding) {
+bool appendMultiByte(std::u16string& out, std::string_view bytes, NSStringEncoding encoding,
+                     const char16_t* loneBytes) {
     const size_t plain = size_t(std::find_if(bytes.begin(), bytes.end(), isHighByte) - bytes.begin());
     appendUTF8(out, bytes.substr(0, plain));
     bytes.remove_prefix(plain);
@@ -173,7 +177,7 @@ bool appendMultiByte(std::u16string& out, std::string_view bytes, NSStringEncodi
         return false;
     }
     const size_t start = out.size();
-    const bool whole = convertAll(out, bytes, kCharsets[index], converter);
+    const bool whole = convertAll(out, bytes, kCharsets[index], converter, loneBytes);
     if (kCharsets[index].hasWonSign) std::replace(out.begin() + start, out.end(), u'\u20A9', u'\\');
     return whole;
 }

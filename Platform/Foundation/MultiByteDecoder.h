@@ -14,5 +14,9 @@ bool isMultiByteEncoding(NSStringEncoding encoding);
 
 // Appends the text of `bytes` in a multi-byte encoding. A malformed or unassigned character becomes one
 // U+FFFD, as does an incomplete one at the end. Where iconv lacks the encoding, ASCII is kept and every other
-// byte becomes U+FFFD. Returns true when nothing became U+FFFD.
-bool appendMultiByte(std::u16string& out, std::string_view bytes, NSStringEncoding encoding);
+// byte becomes U+FFFD. Returns true when every byte was part of a character.
+//
+// With `loneBytes`, the units of bytes 0x80 to 0xFF, a single byte that is no character becomes its unit
+// there instead.
+bool appendMultiByte(std::u16string& out, std::string_view bytes, NSStringEncoding encoding,
+                     const char16_t* loneBytes = nullptr);

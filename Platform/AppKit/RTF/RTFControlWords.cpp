@@ -36,6 +36,7 @@ constexpr RTFControlWord kWords[] = {
     {"par", paragraphEnd},
     {"cell", paragraphEnd},
     {"nestcell", paragraphEnd},
+    {"row", rowEnd},
     {"u", unicode},
     {"uc", unicodeFallback},
 

@@ -13,6 +13,7 @@ enum class RTFAction : uint8_t {
 
     character,       // writes the unit `value`
     paragraphEnd,    // ends a paragraph
+    rowEnd,          // ends a paragraph that the last cell has left open
     unicode,         // writes the unit of its parameter
     unicodeFallback, // tells how many characters follow each \u for readers that do not know it
     hidden,          // text that is not shown, or is deleted: `value` is an RTFHidden

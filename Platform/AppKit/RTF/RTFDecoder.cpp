@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/AppKit/RTF/RTFDecoder.h"
 
-#include "Platform/AppKit/RTF/RTFFonts.h"
 #include "Platform/Foundation/ASCII.h"
+#include "Platform/Foundation/MultiByteDecoder.h"
 
 #include <algorithm>
 #include <array>
@@ -23,20 +23,19 @@ void appendEach(std::u16string& out, std::string_view bytes, UnitOfByte unitOfBy
     }
 }
 
-// The private-use character that stands for a glyph of a pictorial font. Blanks are blank in these fonts,
-// too.
-char16_t pictorialUnit(unsigned char byte) { return char16_t(byte <= 0x20 ? byte : 0xF000 + byte); }
-
 } // namespace
 
-void RTFDecoder::setEncoding(NSStringEncoding encoding) {
+void RTFDecoder::use(NSStringEncoding encoding, SymbolFont symbols) {
     encoding_ = encoding;
+    symbols_ = symbols;
     upperHalf_ = upperHalf(encoding);
 }
 
 void RTFDecoder::append(std::u16string& out, std::string_view bytes) {
-    if (encoding_ == kRTFPictorialEncoding) {
-        appendEach(out, bytes, pictorialUnit);
+    if (symbols_ != SymbolFont::none) {
+        appendEach(out, bytes, [this](unsigned char byte) {
+            return byte < u' ' ? char16_t(byte) : characterOf(symbols_, byte);
+        });
     } else if (encoding_ != NSSymbolStringEncoding && !holdsBytes() && isASCII(bytes)) {
         appendEach(out, bytes, [](unsigned char byte) { return char16_t(byte); });
     } else if (upperHalf_ != nullptr) {
@@ -50,6 +49,11 @@ void RTFDecoder::append(std::u16string& out, std::string_view bytes) {
 
 void RTFDecoder::flush(std::u16string& out) {
     if (held_.empty()) return;
-    appendDecoded(out, held_, encoding_);
+    if (isMultiByteEncoding(encoding_)) {
+        // A lead byte alone comes from a writer that took the font for one of its own letters.
+        appendMultiByte(out, held_, encoding_, upperHalf(NSWindowsCP1252StringEncoding));
+    } else {
+        appendDecoded(out, held_, encoding_);
+    }
     held_.clear();
 }

@@ -4,6 +4,7 @@
 // an encoding has characters of more bytes they are held back until the run of bytes ends.
 #pragma once
 
+#include "Platform/AppKit/SymbolFont.h"
 #include "Platform/Foundation/NSStringEncoding.h"
 
 #include <string>
@@ -11,12 +12,15 @@
 
 class RTFDecoder {
 public:
-    RTFDecoder() { setEncoding(NSWindowsCP1252StringEncoding); }
+    RTFDecoder() { use(NSWindowsCP1252StringEncoding, SymbolFont::none); }
 
-    NSStringEncoding encoding() const { return encoding_; }
+    bool uses(NSStringEncoding encoding, SymbolFont symbols) const {
+        return encoding == encoding_ && symbols == symbols_;
+    }
 
-    // To be called when nothing is held back.
-    void setEncoding(NSStringEncoding encoding);
+    // What bytes stand for from here on: signs of a symbol font, or characters of an encoding. To be called
+    // when nothing is held back.
+    void use(NSStringEncoding encoding, SymbolFont symbols);
 
     void append(std::u16string& out, std::string_view bytes);
 
@@ -26,6 +30,7 @@ public:
 
 private:
     NSStringEncoding encoding_;
+    SymbolFont symbols_;
     const char16_t* upperHalf_; // of an encoding of one byte a character
     std::string held_;
 };

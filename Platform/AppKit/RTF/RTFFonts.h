@@ -3,15 +3,13 @@
 // The fonts of an RTF document, as far as text goes: which encoding the bytes set in each have.
 #pragma once
 
+#include "Platform/AppKit/SymbolFont.h"
 #include "Platform/Foundation/NSStringEncoding.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
 #include <vector>
-
-// Of the bytes of a pictorial font, which stand for no known characters. Never the encoding of other text.
-constexpr NSStringEncoding kRTFPictorialEncoding = 0xFFFFFFFF;
 
 class RTFFonts {
 public:
@@ -35,15 +33,25 @@ public:
 
     // A font that is not in the table, or has no encoding of its own, has the document's.
     NSStringEncoding encoding(uint16_t font) const {
-        NSStringEncoding own = font < encodings_.size() ? encodings_[font] : NSNoStringEncoding;
+        NSStringEncoding own = font < fonts_.size() ? fonts_[font].encoding : NSNoStringEncoding;
         return own != NSNoStringEncoding ? own : documentEncoding_;
     }
 
+    // In a font of signs the encoding does not matter.
+    SymbolFont symbols(uint16_t font) const {
+        return font < fonts_.size() ? fonts_[font].symbols : SymbolFont::none;
+    }
+
 private:
-    void setEncoding(NSStringEncoding encoding);
+    struct Font {
+        NSStringEncoding encoding = NSNoStringEncoding;
+        SymbolFont symbols = SymbolFont::none;
+    };
+
+    void set(const Font& font);
 
     NSStringEncoding documentEncoding_ = NSWindowsCP1252StringEncoding;
     uint16_t defaultFont_ = kNoFont;
     uint16_t begun_ = kNoFont;
-    std::vector<NSStringEncoding> encodings_; // by font number
+    std::vector<Font> fonts_; // by number
 };

@@ -119,9 +119,10 @@ void RTFReader::perform(const RTFControlWord& word, const RTFToken& token) {
     case RTFAction::none: break;
     case RTFAction::character: write(char16_t(word.value)); break;
     case RTFAction::paragraphEnd: endParagraph(); break;
+    case RTFAction::rowEnd: endRow(); break;
     case RTFAction::unicode:
         if (!token.hasParameter) break;
-        write(char16_t(token.parameter));
+        writeUnicode(char16_t(token.parameter));
         fallback_ = group().fallbackLength;
         break;
     case RTFAction::unicodeFallback:
@@ -240,6 +241,16 @@ void RTFReader::write(char16_t unit) {
     out->push_back(unit);
 }
 
+void RTFReader::writeUnicode(char16_t unit) {
+    write(isSymbolCode(unit) ? signOf(fonts_.symbols(group().font), unit) : unit);
+}
+
+void RTFReader::endRow() {
+    if (group().target != Target::story || group().hidden != 0) return;
+    flush();
+    if (!story_.atParagraphStart()) endParagraph();
+}
+
 void RTFReader::endParagraph() {
     if (group().target != Target::story || group().hidden != 0) {
         write(kParagraphEnd);
@@ -251,10 +262,11 @@ void RTFReader::endParagraph() {
 }
 
 void RTFReader::useFont() {
-    NSStringEncoding encoding = fonts_.encoding(group().font);
-    if (encoding == decoder_.encoding()) return;
+    const NSStringEncoding encoding = fonts_.encoding(group().font);
+    const SymbolFont symbols = fonts_.symbols(group().font);
+    if (decoder_.uses(encoding, symbols)) return;
     flush();
-    decoder_.setEncoding(encoding);
+    decoder_.use(encoding, symbols);
 }
 
 void RTFReader::flush() {

@@ -78,7 +78,9 @@ private:
 
     std::u16string* target();
     void write(char16_t unit);
+    void writeUnicode(char16_t unit);
     void endParagraph();
+    void endRow();
     void useFont();
     void flush();
 

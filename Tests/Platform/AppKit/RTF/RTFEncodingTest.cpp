@@ -31,6 +31,11 @@ TEST(RTFEncoding, isTheDocumentsWithoutAFont) {
         {"{\\rtf1\\ansi\\ansicpg-1 \\'e9}", u"\u00E9"},
         {"{\\rtf1\\ansi\\ansicpg999999 \\'e9}", u"\u00E9"},
         {"{\\rtf1\\ansi\\ansicpg1251 \xE9}", u"\u0439"},
+        // Bytes cannot be of a page of wider units.
+        {"{\\rtf1\\ansi\\ansicpg1200 a\\'e9}", u"a\u00E9"},
+        {"{\\rtf1\\ansi\\ansicpg1201 a\\'e9}", u"a\u00E9"},
+        {"{\\rtf1\\ansi\\ansicpg12000 abcd\\'e9}", u"abcd\u00E9"},
+        {"{\\rtf1\\ansi\\ansicpg12001 abcd\\'e9}", u"abcd\u00E9"},
     };
     expectDecoded(kCases);
 }
@@ -69,6 +74,8 @@ TEST(RTFEncoding, followsTheFont) {
          u"\u00E1\u0431"},
         // A code page of the font's own.
         {"{\\rtf1{\\fonttbl{\\f1\\fcharset0\\cpg1251 A;}}\\f1\\'e1}", u"\u0431"},
+        {"{\\rtf1{\\fonttbl{\\f1\\fcharset204\\cpg1200 A;}{\\f2\\cpg1201 B;}}\\f1\\'e1\\f2\\'e1}",
+         u"\u0431\u00E1"},
         // A font that no table has, numbers out of range.
         {"{\\rtf1{\\fonttbl{\\f1\\fcharset204 A;}}\\f9\\'e1\\f-1\\'e1\\f2147483647\\'e1}",
          u"\u00E1\u00E1\u00E1"},
@@ -107,19 +114,32 @@ TEST(RTFEncoding, joinsBytesOfOneCharacter) {
     expectDecoded(kCases);
 }
 
-TEST(RTFEncoding, replacesBytesThatEndTooEarly) {
-    EXPECT_EQ(textOf("{\\rtf1\\ansicpg932 a\\'82\\par b}"), u"a\uFFFD\nb");
-    EXPECT_EQ(textOf("{\\rtf1\\ansicpg932 a\\'82"), u"a\uFFFD");
+TEST(RTFEncoding, takesALeadByteAloneForAWesternLetter) {
+    constexpr EncodingCase kCases[] = {
+        {"{\\rtf1\\ansicpg932 a\\'96\\par b}", u"a\u2013\nb"},
+        {"{\\rtf1\\ansicpg932 a\\'e9", u"a\u00E9"},
+        {"{\\rtf1{\\fonttbl{\\f1\\fcharset128 A;}}\\f1 1990\\'962000}", u"1990\u20132000"},
+        {"{\\rtf1{\\fonttbl{\\f1\\fcharset134 A;}}\\f1 a \\'96 b}", u"a \u2013 b"},
+        // Two bytes are a character, if not one that is known.
+        {"{\\rtf1\\ansicpg932 a\\'fc\\'fcb}", u"a\uFFFDb"},
+    };
+    expectDecoded(kCases);
 }
 
-TEST(RTFEncoding, ofTheSymbolFontIsKnownAndOfOtherPicturesPrivate) {
+TEST(RTFEncoding, ofSymbolFontsIsThatOfTheirSigns) {
     constexpr EncodingCase kCases[] = {
         {"{\\rtf1{\\fonttbl{\\f3\\froman\\fcharset2 Symbol;}}\\f3 a\\'b7}", u"\u03B1\u2022"},
         {"{\\rtf1{\\fonttbl{\\f3\\ftech Symbol;}}\\f3 a}", u"\u03B1"},
         {"{\\rtf1{\\fonttbl\\f3\\ftech Symbol;\\f4 Times;}\\f3 a\\f4 a}", u"\u03B1a"},
         {"{\\rtf1{\\fonttbl{\\f3\\fnil\\fcharset2 Wingdings;}}\\f3 l \\'a7\\tab x}",
-         u"\uF06C \uF0A7\t\uF078"},
+         u"\u25CF \u25AA\t\u2327"},
+        {"{\\rtf1{\\fonttbl{\\f3\\fnil\\fcharset2 Marlett;}}\\f3 l \\'a7}", u"\uF06C \uF0A7"},
         {"{\\rtf1{\\fonttbl{\\f3\\fnil\\fcharset0 Symbolic;}}\\f3 a}", u"a"},
+        {"{\\rtf1{\\fonttbl{\\f3\\fnil\\fcharset0 Symbol;}}\\f3 a}", u"a"},
+        // The same signs by their private-use characters.
+        {"{\\rtf1{\\fonttbl{\\f3\\fcharset2 Symbol;}{\\f4\\fcharset2 Wingdings;}{\\f5 A;}}"
+         "\\f3\\u-3999?\\u8226?\\f4\\u-3844?\\f5\\u-3844?}",
+         u"\u03B1\u2022\u2713\uF0FC"},
     };
     expectDecoded(kCases);
 }

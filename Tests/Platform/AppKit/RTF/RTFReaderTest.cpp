@@ -57,6 +57,18 @@ TEST(RTFReader, endsAParagraphAtEachCellAndAddsNothingForARow) {
     expectTexts(kCases);
 }
 
+TEST(RTFReader, endsWithTheRowTheParagraphOfACellThatHasNoEnd) {
+    constexpr RTFTextCase kCases[] = {
+        {"last cell", "\\trowd\\intbl a\\cell b\\row c", u"a\nb\nc"},
+        {"no cell", "\\trowd\\intbl a\\row\\trowd\\intbl b\\row", u"a\nb\n"},
+        {"bytes that wait for more", "{\\fonttbl{\\f1\\fcharset128 A;}}\\f1\\intbl \\'82\\'a0\\row c",
+         u"\u3042\nc"},
+        {"hidden", "\\intbl a{\\v b\\row}", u"a"},
+        {"with nothing in it", "\\trowd\\row a", u"a"},
+    };
+    expectTexts(kCases);
+}
+
 TEST(RTFReader, readsUnicodeAndSkipsWhatStandsForIt) {
     constexpr RTFTextCase kCases[] = {
         {"character", "a\\u8226?b", u"a\u2022b"},
