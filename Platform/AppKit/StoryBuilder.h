@@ -21,6 +21,12 @@ public:
     void pageBreak() { append(kPageBreak); }
     void tab() { append(kTab); }
 
+    // For a paragraph that is to begin a page, before its first character. The document's first does anyway,
+    // and boxes and notes have no pages of their own.
+    void beginPage() {
+        if (isInMainStory() && atParagraphStart() && !current().empty()) pageBreak();
+    }
+
     // Ends the paragraph and sets the text boxes that were anchored in it behind it.
     void endParagraph();
 
@@ -37,6 +43,7 @@ public:
 
     // The text that is being built at this moment, of the innermost open box or note, else of the main story.
     std::u16string& current() { return top().text; }
+    bool isInMainStory() const { return parts_.size() == 1; }
     bool atParagraphStart() { return current().empty() || current().back() == kParagraphEnd; }
 
     // The whole text: ends what is open, then sets the notes behind the main story, in the order of their

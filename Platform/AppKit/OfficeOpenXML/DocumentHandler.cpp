@@ -20,6 +20,10 @@ bool DocumentHandler::start(Element element, const XMLAttributes& attributes) {
     switch (element) {
     case Element::document: isTextDocument_ = true; break;
     case Element::section: startSection(); break;
+    case Element::sectionType:
+        if (outer() == Element::section)
+            sectionBeginsPage_ = value(attributes) != "continuous" && value(attributes) != "nextColumn";
+        break;
     case Element::pageSize: readPageSize(attributes); break;
     case Element::pageMargins: readPageMargins(attributes); break;
     default: break;
@@ -27,13 +31,45 @@ bool DocumentHandler::start(Element element, const XMLAttributes& attributes) {
     return StoryHandler::start(element, attributes);
 }
 
-// The last section counts.
+void DocumentHandler::end(Element element) {
+    StoryHandler::end(element);
+    if (element == Element::section) endSection();
+    if (element != Element::paragraph || !sectionEndsWithParagraph_ || !story_.isInMainStory()) return;
+    sectionEndsWithParagraph_ = false;
+    isInLaterSection_ = true;
+    pageStarts_.push_back(story_.current().size());
+}
+
+// The page of the last section counts.
 void DocumentHandler::startSection() {
+    sectionBeginsPage_ = true;
     info_.paperSize.reset();
     info_.leftMargin.reset();
     info_.rightMargin.reset();
     info_.topMargin.reset();
     info_.bottomMargin.reset();
+}
+
+// Its properties stand in its last paragraph, those of the last section behind all paragraphs.
+void DocumentHandler::endSection() {
+    if (!story_.isInMainStory()) return;
+    if (isInLaterSection_ && !sectionBeginsPage_) pageStarts_.pop_back();
+    isInLaterSection_ = false;
+    sectionEndsWithParagraph_ = outer() == Element::paragraphProperties;
+}
+
+std::u16string DocumentHandler::finish() && {
+    std::u16string text = std::move(story_).finish();
+    if (pageStarts_.empty()) return text;
+    std::u16string paged;
+    paged.reserve(text.size() + pageStarts_.size());
+    size_t copied = 0;
+    for (size_t start : pageStarts_) {
+        if (start >= text.size() || text[start] == kPageBreak) continue;
+        paged.append(text, copied, start - copied) += kPageBreak;
+        copied = start;
+    }
+    return paged.append(text, copied);
 }
 
 void DocumentHandler::readPageSize(const XMLAttributes& attributes) {

@@ -10,6 +10,7 @@
 #include "Platform/AppKit/OfficeOpenXML/StoryHandler.h"
 
 #include <string>
+#include <vector>
 
 namespace OfficeOpenXML {
 
@@ -30,22 +31,31 @@ public:
     // The part is, as far as it was read, a text document.
     bool isTextDocument() const { return isTextDocument_; }
 
-    std::u16string finish() && { return std::move(story_).finish(); }
+    std::u16string finish() &&;
 
 protected:
     bool start(Element element, const XMLAttributes& attributes) override;
+    void end(Element element) override;
     void startNote(Element element, const XMLAttributes& attributes) override;
     void startChunk(const XMLAttributes& attributes) override;
     void startDiagram(const XMLAttributes& attributes) override;
 
 private:
     void startSection();
+    void endSection();
     void readPageSize(const XMLAttributes& attributes);
     void readPageMargins(const XMLAttributes& attributes);
 
     Parts parts_;
     DocumentInfo& info_;
     bool isTextDocument_ = false;
+
+    // Where in the main story sections begin on a new page, all but the first. That a section does it says
+    // only at its end, so the last place is one to be confirmed while its section is open.
+    std::vector<size_t> pageStarts_;
+    bool isInLaterSection_ = false;
+    bool sectionBeginsPage_ = true;
+    bool sectionEndsWithParagraph_ = false;
 };
 
 } // namespace OfficeOpenXML

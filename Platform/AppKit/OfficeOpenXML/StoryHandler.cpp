@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/AppKit/OfficeOpenXML/StoryHandler.h"
 
-#include "Platform/AppKit/SymbolFont.h"
 #include "Platform/Foundation/ASCII.h"
 #include "Platform/Foundation/UnicodeText.h"
 
@@ -59,6 +58,7 @@ bool StoryHandler::startFlow(Element element, const XMLAttributes& attributes) {
         tables_.push_back(nullptr);
         break;
     case Element::tableRowProperties: rowIsDeleted_ = false; break;
+    case Element::tableCellProperties: cellIsDeleted_ = false; break;
     case Element::chunk:
         if (isVisible()) startChunk(attributes);
         break;
@@ -91,6 +91,10 @@ void StoryHandler::end(Element element) {
         if (rowIsDeleted_ && outer() == Element::tableRow) passOverRest();
         rowIsDeleted_ = false;
         break;
+    case Element::tableCellProperties:
+        if (cellIsDeleted_ && outer() == Element::tableCell) passOverRest();
+        cellIsDeleted_ = false;
+        break;
     case Element::alternateContent: alternatives_.pop_back(); break;
     case Element::alternative:
         if (!alternatives_.empty())
@@ -115,6 +119,8 @@ void StoryHandler::beginText() {
     paragraph.hasBegun = true;
     if (!story_.atParagraphStart()) return;
     const Style* style = paragraph.style;
+    bool breaksPage = paragraph.breaksPage.value_or(style != nullptr && style->breaksPage.value_or(false));
+    if (breaksPage && tables_.empty()) story_.beginPage();
     std::optional<int> listID = paragraph.listID, level = paragraph.level;
     if (!listID && style != nullptr && style->numberingID) {
         listID = style->numberingID;
@@ -176,6 +182,11 @@ void StoryHandler::characters(std::string_view utf8) {
     for (size_t i = before; i < story.size(); ++i) {
         if (story[i] == u'\n' || story[i] == u'\r') story[i] = u' ';
     }
+    const SymbolFont symbols = runs_.empty() ? SymbolFont::none : runs_.back().symbols;
+    if (symbols == SymbolFont::none) return;
+    for (size_t i = before; i < story.size(); ++i) {
+        if (isSymbolCode(story[i])) story[i] = signOf(symbols, story[i]);
+    }
 }
 
 void StoryHandler::endText() {
@@ -218,11 +229,12 @@ void StoryHandler::startNoteReference(Element element, const XMLAttributes& attr
         runs_.back().isHidden = true;
 }
 
-// Deleted are a piece of text, the end of a paragraph, or a row of a table.
+// Deleted are a piece of text, the end of a paragraph, or a row or a cell of a table.
 bool StoryHandler::startDeleted() {
     if (outer() == Element::runProperties && outer(2) == Element::paragraphProperties && !paragraphs_.empty())
         paragraphs_.back().endIsDeleted = true;
     if (outer() == Element::tableRowProperties) rowIsDeleted_ = true;
+    if (outer() == Element::tableCellProperties) cellIsDeleted_ = true;
     return false;
 }
 

@@ -9,6 +9,7 @@
 #include "Platform/AppKit/OfficeOpenXML/Part.h"
 #include "Platform/AppKit/OfficeOpenXML/StylesPart.h"
 #include "Platform/AppKit/StoryBuilder.h"
+#include "Platform/AppKit/SymbolFont.h"
 
 #include <cstdint>
 #include <optional>
@@ -45,6 +46,7 @@ private:
     struct Paragraph {
         const Style* style = nullptr;
         std::optional<int> listID, level;
+        std::optional<bool> breaksPage;  // likewise
         std::optional<bool> endIsHidden; // by a property of its own
         bool endIsDeleted = false;       // then the next paragraph goes on in this one
         bool hasBegun = false;           // its marker, if any, has been written
@@ -53,6 +55,7 @@ private:
     struct Run {
         const Style* style = nullptr;
         std::optional<bool> vanish; // a property of its own
+        SymbolFont symbols = SymbolFont::none;
         bool isHidden = false;
         bool preservesSpace = false;
     };
@@ -107,7 +110,7 @@ private:
     size_t instructions_ = 0; // of fields_ those in their instruction
     std::vector<size_t> fieldsAroundBoxes_;
     std::vector<Alternatives> alternatives_;
-    bool rowIsDeleted_ = false;
+    bool rowIsDeleted_ = false, cellIsDeleted_ = false;
     Text text_;
     uint64_t textCount_ = 0; // pieces of text so far
 };

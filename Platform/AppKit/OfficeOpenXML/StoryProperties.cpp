@@ -2,8 +2,22 @@
 //
 // The part of the handler that reads fields and the properties of paragraphs, runs and tables.
 #include "Platform/AppKit/OfficeOpenXML/StoryHandler.h"
+#include "Platform/Foundation/UnicodeText.h"
 
 namespace OfficeOpenXML {
+
+namespace {
+
+// A run has a font for each sort of script; signs are of the first that has any.
+SymbolFont symbolFont(const XMLAttributes& attributes) {
+    for (std::string_view script : {"hAnsi", "ascii", "cs", "eastAsia"}) {
+        SymbolFont font = symbolFontNamed(fromUTF8(attributes.value(kWord, script).substr(0, kLongestName)));
+        if (font != SymbolFont::none) return font;
+    }
+    return SymbolFont::none;
+}
+
+} // namespace
 
 bool StoryHandler::startProperty(Element element, const XMLAttributes& attributes) {
     bool isOfParagraph = !paragraphs_.empty() && outer() == Element::paragraphProperties;
@@ -14,6 +28,12 @@ bool StoryHandler::startProperty(Element element, const XMLAttributes& attribute
         break;
     case Element::runStyle:
         if (!runs_.empty() && outer(2) == Element::run) runs_.back().style = styles_.find(value(attributes));
+        break;
+    case Element::pageBreakBefore:
+        if (isOfParagraph) paragraphs_.back().breaksPage = isOn(attributes);
+        break;
+    case Element::fonts:
+        if (!runs_.empty() && outer(2) == Element::run) runs_.back().symbols = symbolFont(attributes);
         break;
     case Element::tableStyle:
         if (!tables_.empty()) tables_.back() = styles_.find(value(attributes));

@@ -17,6 +17,10 @@ protected:
             style_.numberingID = numberValue(value(attributes));
             style_.numberingStyle = id_;
             break;
+        case Element::pageBreakBefore:
+            if (outer() == Element::paragraphProperties && outer(2) == Element::style)
+                style_.breaksPage = isOn(attributes);
+            break;
         case Element::numberingLevel: style_.level = numberValue(value(attributes)); break;
         default: break;
         }
@@ -66,6 +70,7 @@ void StylesPart::inherit() {
             auto base = own.find(next);
             if (base == own.end()) break;
             if (!style.vanish) style.vanish = base->second.vanish;
+            if (!style.breaksPage) style.breaksPage = base->second.breaksPage;
             if (!style.level) style.level = base->second.level;
             if (!style.numberingID) {
                 style.numberingID = base->second.numberingID;

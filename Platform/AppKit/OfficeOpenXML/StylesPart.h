@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// The styles of a document, as far as they matter to its text: whether they hide it, and which list they put
-// a paragraph in.
+// The styles of a document, as far as they matter to its text: whether they hide it, which list they put a
+// paragraph in, and whether they put it on a new page.
 #pragma once
 
 #include "Platform/AppKit/OfficeOpenXML/Part.h"
@@ -15,7 +15,7 @@ namespace OfficeOpenXML {
 
 struct Style {
     std::string basedOn;
-    std::optional<bool> vanish;
+    std::optional<bool> vanish, breaksPage;
     std::optional<int> numberingID, level;
     std::string numberingStyle; // the identifier of the style that names the list, this one or one below it
 };

@@ -53,6 +53,7 @@ constexpr NamedElement kElements[] = {
     {kWord, "sym", Element::symbol},
     {kWord, "fldChar", Element::fieldCharacter},
     {kWord, "del", Element::deleted},
+    {kWord, "cellDel", Element::deleted},
     {kWord, "moveFrom", Element::deleted},
     {kWord, "footnoteReference", Element::footnoteReference},
     {kWord, "endnoteReference", Element::endnoteReference},
@@ -63,6 +64,7 @@ constexpr NamedElement kElements[] = {
     {kWord, "tr", Element::tableRow},
     {kWord, "tc", Element::tableCell},
     {kWord, "trPr", Element::tableRowProperties},
+    {kWord, "tcPr", Element::tableCellProperties},
     {kWord, "tblStyle", Element::tableStyle},
     {kWord, "altChunk", Element::chunk},
 
@@ -93,7 +95,9 @@ constexpr NamedElement kElements[] = {
     {kWord, "ilvl", Element::numberingLevel},
     {kWord, "vanish", Element::vanish},
     {kWord, "specVanish", Element::alwaysVanish},
+    {kWord, "pageBreakBefore", Element::pageBreakBefore},
     {kWord, "sectPr", Element::section},
+    {kWord, "type", Element::sectionType},
     {kWord, "pgSz", Element::pageSize},
     {kWord, "pgMar", Element::pageMargins},
 

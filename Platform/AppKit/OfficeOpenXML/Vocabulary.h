@@ -58,6 +58,7 @@ enum class Element : uint8_t {
     tableRow,
     tableCell,
     tableRowProperties,
+    tableCellProperties,
     tableStyle,
     chunk,
     alternateContent,
@@ -78,7 +79,9 @@ enum class Element : uint8_t {
     numberingLevel,
     vanish,
     alwaysVanish,
+    pageBreakBefore,
     section,
+    sectionType,
     pageSize,
     pageMargins,
 

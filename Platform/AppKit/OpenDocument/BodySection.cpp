@@ -38,6 +38,12 @@ bool sectionIsHidden(const XMLAttributes& attributes) {
     return display == "none" || (display == "condition" && isTrue(attributes.value(kText, "is-hidden")));
 }
 
+// Of a row or a cell; filtered ones are those that a filter set on the table leaves out.
+bool tablePartIsHidden(const XMLAttributes& attributes) {
+    std::string_view visibility = attributes.value(kTable, "visibility");
+    return visibility == "collapse" || visibility == "filter";
+}
+
 } // namespace
 
 bool BodySection::start(Element element, const XMLAttributes& attributes) {
@@ -64,6 +70,7 @@ bool BodySection::start(Element element, const XMLAttributes& attributes) {
     case Element::textBox: return beginFlow(element);
     case Element::section: return !sectionIsHidden(attributes);
     case Element::table: ++tableDepth_; return true;
+    case Element::tablePart: return !tablePartIsHidden(attributes);
     case Element::list:
     case Element::numberedParagraph: beginList(element, attributes); return true;
     case Element::listItem:

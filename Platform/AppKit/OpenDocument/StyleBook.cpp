@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/AppKit/OpenDocument/StyleBook.h"
 
+#include "Platform/Foundation/UnicodeText.h"
+
 namespace OpenDocument {
 
 namespace {
@@ -42,6 +44,10 @@ void StyleBook::addMasterPage(std::string_view name, std::string_view layout) {
     if (std::string* page = replaced(masterPages_, name)) *page = layout;
 }
 
+void StyleBook::addFont(std::string_view name, SymbolFont font) {
+    if (SymbolFont* known = replaced(fonts_, name)) *known = font;
+}
+
 template <typename Look>
 void StyleBook::inherit(const Table<Style>& styles, std::string_view name, Look&& look) const {
     for (int i = 0; i < kParentLimit && !name.empty(); ++i) {
@@ -78,6 +84,11 @@ std::optional<bool> StyleBook::textIsHidden(std::string_view name) const {
 }
 
 const ListStyle* StyleBook::listStyle(std::string_view name) const { return found(listStyles_, name); }
+
+SymbolFont StyleBook::symbolFont(std::string_view name) const {
+    const SymbolFont* font = found(fonts_, name);
+    return font != nullptr ? *font : symbolFontNamed(fromUTF8(name));
+}
 
 const PageLayout* StyleBook::pageLayout(std::string_view masterPage) const {
     const std::string* layout = found(masterPages_, masterPage);

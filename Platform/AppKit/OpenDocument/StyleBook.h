@@ -5,6 +5,7 @@
 #pragma once
 
 #include "Platform/AppKit/NumberFormat.h"
+#include "Platform/AppKit/SymbolFont.h"
 
 #include <array>
 #include <cstdint>
@@ -63,6 +64,8 @@ public:
     PageLayout* addPageLayout(std::string_view name);
     ListStyle& outlineStyle() { return outlineStyle_; }
     void addMasterPage(std::string_view name, std::string_view layout);
+    // A name of the document's own for a font.
+    void addFont(std::string_view name, SymbolFont font);
 
     ParagraphLook paragraph(std::string_view name) const;
     // Nothing when neither the style nor a parent says.
@@ -70,6 +73,8 @@ public:
     // Null when there is no such style.
     const ListStyle* listStyle(std::string_view name) const;
     const ListStyle& outlineStyle() const { return outlineStyle_; }
+    // A font that the document has no name of its own for goes by its real one.
+    SymbolFont symbolFont(std::string_view name) const;
     // The layout of a master page; without a name, of the one that documents begin with. Null when there is
     // none.
     const PageLayout* pageLayout(std::string_view masterPage) const;
@@ -89,6 +94,7 @@ private:
     Table<ListStyle> listStyles_;
     ListStyle outlineStyle_;
     Table<PageLayout> pageLayouts_;
+    Table<SymbolFont> fonts_;
     Table<std::string> masterPages_; // their layouts
     std::string firstMasterPage_;
 };

@@ -2,6 +2,7 @@
 #include "Platform/AppKit/OpenDocument/StyleSection.h"
 
 #include "Platform/AppKit/Package/XMLValues.h"
+#include "Platform/Foundation/ASCII.h"
 #include "Platform/Foundation/UnicodeText.h"
 
 namespace OpenDocument {
@@ -23,10 +24,7 @@ NumberFormat numberFormatValue(std::string_view format, bool lettersRepeat) {
     }
 }
 
-void readListLevel(Element element, const XMLAttributes& attributes, ListStyle& style) {
-    int number = integerValue(attributes.value(kText, "level")).value_or(0);
-    if (number < 1 || number > ListStyle::kLevels) return;
-    ListLevel& level = style.levels[size_t(number) - 1];
+void readListLevel(Element element, const XMLAttributes& attributes, ListLevel& level) {
     level.prefix = fromUTF8(attributes.value(kStyle, "num-prefix"));
     level.suffix = fromUTF8(attributes.value(kStyle, "num-suffix"));
     level.bullet.clear();
@@ -40,6 +38,12 @@ void readListLevel(Element element, const XMLAttributes& attributes, ListStyle& 
         level.displayLevels = integerValue(attributes.value(kText, "display-levels")).value_or(1);
         level.start = integerValue(attributes.value(kText, "start-value")).value_or(1);
     }
+}
+
+// The first of a list of families, which may stand in quotes.
+std::u16string firstFamily(std::string_view families) {
+    auto isAround = [](char32_t c) { return isXMLSpace(c) || c == U'\'' || c == U'"'; };
+    return fromUTF8(trimmed(families.substr(0, families.find(',')), isAround));
 }
 
 std::optional<bool> breaksPage(std::string_view value) {
@@ -80,9 +84,7 @@ bool StyleSection::start(Element element, const XMLAttributes& attributes) {
     case Element::numberLevel:
     case Element::bulletLevel:
     case Element::imageLevel:
-    case Element::outlineLevel:
-        if (listStyle_ != nullptr) readListLevel(element, attributes, *listStyle_);
-        return false;
+    case Element::outlineLevel: return startListLevel(element, attributes);
     case Element::pageLayout:
         pageLayout_ = book_.addPageLayout(attributes.value(kStyle, "name"));
         return true;
@@ -92,8 +94,23 @@ bool StyleSection::start(Element element, const XMLAttributes& attributes) {
         book_.addMasterPage(attributes.value(kStyle, "name"), layout);
         return false;
     }
+    case Element::fontFace: readFont(attributes); return false;
     default: return false;
     }
+}
+
+bool StyleSection::startListLevel(Element element, const XMLAttributes& attributes) {
+    int number = integerValue(attributes.value(kText, "level")).value_or(0);
+    if (listStyle_ == nullptr || number < 1 || number > ListStyle::kLevels) return false;
+    listLevel_ = &listStyle_->levels[size_t(number) - 1];
+    readListLevel(element, attributes, *listLevel_);
+    return true;
+}
+
+void StyleSection::readFont(const XMLAttributes& attributes) {
+    std::string_view family = attributes.value(kVector, "font-family");
+    if (family.empty()) family = attributes.value(kFormat, "font-family");
+    book_.addFont(attributes.value(kStyle, "name"), symbolFontNamed(firstFamily(family)));
 }
 
 bool StyleSection::startStyle(const XMLAttributes& attributes) {
@@ -112,7 +129,11 @@ bool StyleSection::startStyle(const XMLAttributes& attributes) {
 }
 
 void StyleSection::readProperties(const XMLAttributes& attributes) {
-    if (pageLayout_ != nullptr) {
+    if (listLevel_ != nullptr) {
+        SymbolFont font = symbolFontNamed(firstFamily(attributes.value(kFormat, "font-family")));
+        if (font == SymbolFont::none) font = book_.symbolFont(attributes.value(kStyle, "font-name"));
+        for (char16_t& unit : listLevel_->bullet) unit = signOf(font, unit);
+    } else if (pageLayout_ != nullptr) {
         readPageProperties(attributes, *pageLayout_);
     } else if (style_ != nullptr) {
         readTextProperties(attributes, *style_);
@@ -120,9 +141,17 @@ void StyleSection::readProperties(const XMLAttributes& attributes) {
 }
 
 void StyleSection::end(Element element) {
-    if (element == Element::style) style_ = nullptr;
-    if (element == Element::listStyle || element == Element::outlineStyle) listStyle_ = nullptr;
-    if (element == Element::pageLayout) pageLayout_ = nullptr;
+    switch (element) {
+    case Element::style: style_ = nullptr; break;
+    case Element::listStyle:
+    case Element::outlineStyle: listStyle_ = nullptr; break;
+    case Element::numberLevel:
+    case Element::bulletLevel:
+    case Element::imageLevel:
+    case Element::outlineLevel: listLevel_ = nullptr; break;
+    case Element::pageLayout: pageLayout_ = nullptr; break;
+    default: break;
+    }
 }
 
 } // namespace OpenDocument

@@ -18,12 +18,15 @@ public:
 
 private:
     bool startStyle(const XMLAttributes& attributes);
+    bool startListLevel(Element element, const XMLAttributes& attributes);
+    void readFont(const XMLAttributes& attributes);
     void readProperties(const XMLAttributes& attributes);
 
     StyleBook& book_;
     // What is being read; null outside.
     Style* style_ = nullptr;
     ListStyle* listStyle_ = nullptr;
+    ListLevel* listLevel_ = nullptr;
     PageLayout* pageLayout_ = nullptr;
 };
 

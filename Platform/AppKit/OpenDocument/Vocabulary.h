@@ -58,6 +58,7 @@ enum class Element : uint8_t {
     textBox,
     section,
     table,
+    tablePart,
     list,
     listItem,
     listHeader,
@@ -74,6 +75,7 @@ enum class Element : uint8_t {
     outlineLevel,
     pageLayout,
     masterPage,
+    fontFace,
 
     // information
     title,

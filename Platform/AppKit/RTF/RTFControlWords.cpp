@@ -37,6 +37,9 @@ constexpr RTFControlWord kWords[] = {
     {"cell", paragraphEnd},
     {"nestcell", paragraphEnd},
     {"row", rowEnd},
+    {"pagebb", paragraphFormat, kRTFPageBreakBefore},
+    {"intbl", paragraphFormat, kRTFInTable},
+    {"pard", paragraphPlain},
     {"u", unicode},
     {"uc", unicodeFallback},
 

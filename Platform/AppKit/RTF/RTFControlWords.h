@@ -13,6 +13,8 @@ enum class RTFAction : uint8_t {
 
     character,       // writes the unit `value`
     paragraphEnd,    // ends a paragraph
+    paragraphFormat, // a property of paragraphs: `value` is an RTFParagraphFormat
+    paragraphPlain,  // paragraph formatting begins anew
     rowEnd,          // ends a paragraph that the last cell has left open
     unicode,         // writes the unit of its parameter
     unicodeFallback, // tells how many characters follow each \u for readers that do not know it
@@ -45,6 +47,8 @@ enum class RTFAction : uint8_t {
 };
 
 enum RTFHidden : uint16_t { kRTFHiddenText = 1, kRTFDeletedText = 2, kRTFMovedText = 4 };
+
+enum RTFParagraphFormat : uint16_t { kRTFPageBreakBefore = 1, kRTFInTable = 2 };
 
 enum RTFNumber : uint16_t {
     kRTFPaperWidth,

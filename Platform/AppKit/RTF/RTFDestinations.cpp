@@ -116,6 +116,7 @@ void RTFReader::endPart(const Group& ended) {
 void RTFReader::endListMarker() {
     if (gathered_.empty() || paragraphIsMarked_) return;
     paragraphIsMarked_ = true;
+    beginPage();
     if (gathered_.front() == kTab) {
         story_.append(gathered_);
         return;

@@ -120,6 +120,10 @@ void RTFReader::perform(const RTFControlWord& word, const RTFToken& token) {
     case RTFAction::character: write(char16_t(word.value)); break;
     case RTFAction::paragraphEnd: endParagraph(); break;
     case RTFAction::rowEnd: endRow(); break;
+    case RTFAction::paragraphFormat:
+        setParagraphFormat(word.value, !token.hasParameter || token.parameter != 0);
+        break;
+    case RTFAction::paragraphPlain: setParagraphFormat(0xFF, false); break;
     case RTFAction::unicode:
         if (!token.hasParameter) break;
         writeUnicode(char16_t(token.parameter));
@@ -182,6 +186,10 @@ void RTFReader::setHidden(unsigned bits, bool hidden) {
     group().hidden = uint8_t(hidden ? group().hidden | bits : group().hidden & ~bits);
 }
 
+void RTFReader::setParagraphFormat(unsigned bits, bool isSet) {
+    group().paragraph = uint8_t(isSet ? group().paragraph | bits : group().paragraph & ~bits);
+}
+
 void RTFReader::symbol(std::string_view symbol) {
     const bool wasAtGroupStart = std::exchange(atGroupStart_, false);
     isOptional_ = false;
@@ -222,6 +230,7 @@ void RTFReader::text(std::string_view bytes) {
         if (bytes.front() == kPlaceholder) bytes.remove_prefix(1);
     }
     if (group().target == Target::fontTable) fonts_.setName(bytes);
+    beginPage();
     if (std::u16string* out = target()) decoder_.append(*out, bytes);
 }
 
@@ -235,10 +244,17 @@ std::u16string* RTFReader::target() {
 }
 
 void RTFReader::write(char16_t unit) {
+    beginPage();
     std::u16string* out = target();
     if (out == nullptr) return;
     decoder_.flush(*out);
     out->push_back(unit);
+}
+
+// Before anything of a paragraph is written: a paragraph that is to begin a page does.
+void RTFReader::beginPage() {
+    const bool isShown = group().target == Target::story && group().hidden == 0;
+    if (group().paragraph == kRTFPageBreakBefore && isShown) story_.beginPage();
 }
 
 void RTFReader::writeUnicode(char16_t unit) {
@@ -256,6 +272,7 @@ void RTFReader::endParagraph() {
         write(kParagraphEnd);
         return;
     }
+    beginPage();
     flush();
     story_.endParagraph();
     paragraphIsMarked_ = false;

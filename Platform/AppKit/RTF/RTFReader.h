@@ -50,6 +50,7 @@ private:
         Ending ending = Ending::nothing;
         uint8_t endingValue = 0; // an RTFInfoString or an RTFTime
         uint8_t hidden = 0;      // of RTFHidden
+        uint8_t paragraph = 0;   // of RTFParagraphFormat
         uint16_t font = RTFFonts::kNoFont;
         int32_t fallbackLength = 1; // of each \u, in characters
     };
@@ -63,6 +64,7 @@ private:
     void perform(const RTFControlWord& word, const RTFToken& token);
     void setFont(RTFAction action, int32_t parameter);
     void setHidden(unsigned bits, bool hidden);
+    void setParagraphFormat(unsigned bits, bool isSet);
     void symbol(std::string_view symbol);
     void text(std::string_view bytes);
 
@@ -79,6 +81,7 @@ private:
     std::u16string* target();
     void write(char16_t unit);
     void writeUnicode(char16_t unit);
+    void beginPage();
     void endParagraph();
     void endRow();
     void useFont();

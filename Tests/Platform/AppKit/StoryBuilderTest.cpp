@@ -112,4 +112,21 @@ TEST(StoryBuilder, writesBreaksAndMarkers) {
     EXPECT_EQ(std::move(story).finish(), u"\t1.\ta\u2028\t\f\nn\n");
 }
 
+TEST(StoryBuilder, BeginsPagesBetweenParagraphsOfTheMainStoryOnly) {
+    StoryBuilder story;
+    story.beginPage();
+    story.append(u"a");
+    story.beginPage();
+    story.endParagraph();
+    story.beginPage();
+    story.beginPage();
+    story.append(u"b");
+    story.beginTextBox();
+    story.append(u"box\n");
+    story.beginPage();
+    story.append(u"more");
+    story.endTextBox();
+    EXPECT_EQ(std::move(story).finish(), u"a\n\fb\nbox\nmore\n");
+}
+
 } // namespace

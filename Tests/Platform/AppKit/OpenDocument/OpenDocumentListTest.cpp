@@ -164,4 +164,32 @@ TEST(OpenDocumentLists, doNotMarkHiddenParagraphs) {
     EXPECT_EQ(textOf(list("N", item("a") + hidden + item("b")), styles), u"\t(1)\ta\n\t(2)\tb\n");
 }
 
+TEST(OpenDocumentLists, showTheSignsOfSymbolFontsForBullets) {
+    struct {
+        const char* bullet;
+        const char* font;
+        std::u16string_view shown;
+    } const cases[] = {
+        {"&#xF0A7;", "style:font-name='Wingdings'", u"\u25AA"},
+        {"\xC2\xA7", "fo:font-family='Wingdings'", u"\u25AA"},
+        {"&#xF0B7;", "fo:font-family=\"'Symbol'\"", u"\u2022"},
+        {"&#xF0FC;", "style:font-name='Signs'", u"\u2713"},
+        {"&#xF0FC;", "style:font-name='Letters'", u"\uF0FC"},
+        {"&#x25AA;", "style:font-name='Wingdings'", u"\u25AA"},
+    };
+    for (const auto& c : cases) {
+        const std::string styles =
+            "<office:font-face-decls><style:font-face style:name='Signs' svg:font-family='Wingdings, x'/>"
+            "<style:font-face style:name='Letters' svg:font-family='Arial'/></office:font-face-decls>"
+            "<office:styles><text:list-style style:name='B'><text:list-level-style-bullet text:level='1' "
+            "text:bullet-char='" +
+            std::string(c.bullet) + "'><style:list-level-properties/><style:text-properties " + c.font +
+            "/></text:list-level-style-bullet><text:list-level-style-number text:level='2' "
+            "style:num-format='1'/></text:list-style></office:styles>";
+        EXPECT_EQ(textOf(list("B", item("a", list("", item("b")))), styles),
+                  u"\t" + std::u16string(c.shown) + u"\ta\n\t1\tb\n")
+            << c.bullet << ' ' << c.font;
+    }
+}
+
 } // namespace

@@ -109,6 +109,20 @@ TEST(OpenDocumentText, endsEachCellParagraph) {
         u"a\nb\nc\nd\n");
 }
 
+TEST(OpenDocumentText, leavesOutRowsAndCellsThatAreNotVisible) {
+    auto table = [](const std::string& row, const std::string& cell) {
+        return "<table:table><table:table-row" + row +
+               "><table:table-cell><text:p>a</text:p></table:table-cell>" + "<table:table-cell" + cell +
+               "><text:p>b</text:p></table:table-cell></table:table-row></table:table>" +
+               "<text:p>c</text:p>";
+    };
+    EXPECT_EQ(textOf(table("", "")), u"a\nb\nc\n");
+    EXPECT_EQ(textOf(table(" table:visibility='visible'", "")), u"a\nb\nc\n");
+    EXPECT_EQ(textOf(table(" table:visibility='collapse'", "")), u"c\n");
+    EXPECT_EQ(textOf(table(" table:visibility='filter'", "")), u"c\n");
+    EXPECT_EQ(textOf(table("", " table:visibility='collapse'")), u"a\nc\n");
+}
+
 TEST(OpenDocumentText, setsBoxesBehindTheirParagraphAndNotesBehindTheStory) {
     constexpr std::string_view kBox =
         "<draw:frame><draw:text-box><text:p>box</text:p></draw:text-box></draw:frame>";

@@ -256,4 +256,24 @@ TEST(RTFReader, hasAttachmentsInThePackagesTextOnly) {
     }
 }
 
+TEST(RTFReader, beginsAPageBeforeAParagraphThatAsksForOne) {
+    constexpr RTFTextCase kCases[] = {
+        {"text", "a\\par\\pard\\pagebb b\\par c", u"a\n\fb\n\fc"},
+        {"not the first", "\\pard\\pagebb a\\par\\pard b", u"a\nb"},
+        {"new formatting", "a\\par\\pard\\pagebb b\\par\\pard c", u"a\n\fb\nc"},
+        {"switched off", "a\\par\\pagebb\\pagebb0 b", u"a\nb"},
+        {"of a group", "a\\par{\\pagebb b\\par}c", u"a\n\fb\nc"},
+        {"empty paragraph", "a\\par\\pagebb\\par", u"a\n\f\n"},
+        {"list item", "a\\par\\pagebb{\\listtext\\'b7\\tab}b", u"a\n\f\t\u00B7\tb"},
+        {"beside a page break", "a\\par\\page\\pagebb b", u"a\n\fb"},
+        {"hidden text", "a\\par\\pagebb{\\v b}", u"a\n"},
+        {"not in cells", "a\\par\\intbl\\pagebb b\\cell\\row", u"a\nb\n"},
+        {"not in boxes and notes", "a{\\shptxt b\\par\\pagebb c\\par}{\\footnote d\\par\\pagebb e}\\par",
+         u"a\nb\nc\nd\ne\n"},
+        {"bytes of one character", "{\\fonttbl{\\f1\\fcharset128 A;}}a\\par\\pagebb\\f1\\'82\\'a0\\'82\\'a0",
+         u"a\n\f\u3042\u3042"},
+    };
+    expectTexts(kCases);
+}
+
 } // namespace
