@@ -74,7 +74,7 @@ HTMLElement::HTMLElement(const GumboNode& node) {
     static constexpr std::pair<std::string_view, const char * HTMLElement::*> kAttributes[] = {
         {"style", &HTMLElement::style}, {"hidden", &HTMLElement::hidden}, {"open", &HTMLElement::open},
         {"src", &HTMLElement::src},     {"data", &HTMLElement::data},     {"type", &HTMLElement::type},
-        {"value", &HTMLElement::value}, {"start", &HTMLElement::start}};
+        {"value", &HTMLElement::value}, {"start", &HTMLElement::start},   {"srcdoc", &HTMLElement::srcdoc}};
     const GumboElement& element = node.v.element;
     name.tag = element.tag;
     isHTML = element.tag_namespace == GUMBO_NAMESPACE_HTML;
@@ -123,7 +123,6 @@ bool isNeverShown(const HTMLElement& element) {
     case GUMBO_TAG_TEMPLATE:
     case GUMBO_TAG_META:
     case GUMBO_TAG_LINK:
-    case GUMBO_TAG_IFRAME:
     case GUMBO_TAG_NOEMBED:
     case GUMBO_TAG_NOFRAMES:
     case GUMBO_TAG_AUDIO:
@@ -131,6 +130,7 @@ bool isNeverShown(const HTMLElement& element) {
     case GUMBO_TAG_VIDEO:
     case GUMBO_TAG_PROGRESS:
     case GUMBO_TAG_METER: return element.isHTML;
+    case GUMBO_TAG_IFRAME: return element.isHTML && !element.srcdoc;
     default: return false;
     }
 }

@@ -26,6 +26,7 @@ struct HTMLElement {
     const char* type = nullptr;
     const char* value = nullptr;
     const char* start = nullptr;
+    const char* srcdoc = nullptr;
 
     bool is(GumboTag tag) const { return isHTML && name.tag == tag; }
     bool isHeading() const { return isHTML && name.tag >= GUMBO_TAG_H1 && name.tag <= GUMBO_TAG_H6; }

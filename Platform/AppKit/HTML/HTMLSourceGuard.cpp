@@ -36,7 +36,7 @@ bool isAddress(std::string_view name) { return isOneOf(name, {"src", "data"}); }
 // The attributes that the parser and the reader ask for.
 bool isRead(std::string_view name) {
     return isOneOf(name, {"class", "id", "style", "type", "name", "content", "value", "hidden", "open",
-                          "start", "media", "color", "face", "size", "encoding"}) ||
+                          "start", "media", "color", "face", "size", "encoding", "srcdoc"}) ||
            isAddress(name);
 }
 

@@ -2,6 +2,7 @@
 #include "Platform/AppKit/HTML/HTMLWalker.h"
 
 #include "Platform/AppKit/HTML/HTMLCharacters.h"
+#include "Platform/AppKit/HTML/HTMLPage.h"
 #include "Platform/AppKit/HTML/HTMLTree.h"
 #include "Platform/AppKit/TextCharacters.h"
 
@@ -11,6 +12,9 @@
 #include <string>
 
 namespace {
+
+// How many pages may lie in one another.
+constexpr size_t kFrameDepthLimit = 4;
 
 // Classes that the platform's own HTML writer uses.
 constexpr std::string_view kConvertedSpace = "Apple-converted-space";
@@ -210,6 +214,7 @@ bool HTMLWalker::writeWithoutChildren(const HTMLElement& element, const Style& s
     case GUMBO_TAG_EMBED:
         if (isDataURL(element.src)) writer_.append(kAttachment);
         return true;
+    case GUMBO_TAG_IFRAME: writeFrame(element.srcdoc); return true;
     case GUMBO_TAG_OBJECT:
         // Nothing is loaded, and then what stands inside takes the object's place.
         if (!isDataURL(element.data)) return false;
@@ -228,6 +233,15 @@ bool HTMLWalker::writeWithoutChildren(const HTMLElement& element, const Style& s
         return true;
     default: return false;
     }
+}
+
+// A page in a frame of this one, which is a box of its own.
+void HTMLWalker::writeFrame(const char* page) {
+    if (depth_ == kFrameDepthLimit) return;
+    writer_.newParagraph(false, true);
+    DocumentInfo framesOwn;
+    writeHTMLPage(page, writer_, framesOwn, deadline_, depth_ + 1);
+    writer_.newParagraph(false, true);
 }
 
 void HTMLWalker::enter(const GumboNode& node) {

@@ -16,8 +16,9 @@
 
 class HTMLWalker {
 public:
-    HTMLWalker(HTMLStyleSheet& sheet, HTMLTextWriter& writer, Deadline& deadline)
-        : sheet_(sheet), writer_(writer), deadline_(deadline) {}
+    // The page lies in as many others as `depth` says.
+    HTMLWalker(HTMLStyleSheet& sheet, HTMLTextWriter& writer, Deadline& deadline, size_t depth)
+        : sheet_(sheet), writer_(writer), deadline_(deadline), depth_(depth) {}
 
     void walk(const GumboNode& document);
 
@@ -56,12 +57,14 @@ private:
     bool breaksParagraph(GumboTag tag, HTMLDisplay display) const;
     bool isPlainInList(GumboTag tag, HTMLDisplay display) const;
     bool writeWithoutChildren(const HTMLElement& element, const Style& style);
+    void writeFrame(const char* page);
     void lineBreak(const HTMLElement& element);
     HTMLListStyle defaultListStyle(GumboTag tag) const;
 
     HTMLStyleSheet& sheet_;
     HTMLTextWriter& writer_;
     Deadline& deadline_;
+    const size_t depth_;
     std::vector<Frame> frames_;                  // the document's own first
     std::vector<HTMLElementName> ancestors_;     // the names of all other frames
     size_t tables_ = 0, quotes_ = 0, lists_ = 0; // open ones

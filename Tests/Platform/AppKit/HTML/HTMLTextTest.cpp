@@ -109,7 +109,7 @@ TEST(HTMLText, putsAnAttachmentForAPicture) {
         {"objects that cannot be loaded", "<object data=x>a<embed src=y></object>", u"a"},
         {"embedded data", "<embed src=' DATA:,x'>", u"\uFFFC"},
         {"film and sound", "<video src=x>a</video><audio>b</audio><canvas>c</canvas>d", u"d"},
-        {"frames", "<iframe src=x srcdoc='<p>a'>b</iframe>c", u"c"},
+        {"frames", "<iframe src=x srcdoc='<p>a'>b</iframe>c", u"a\nc"},
         {"frame sets", "<frameset><frame src=a><noframes>b</noframes></frameset>", u""},
     });
 }
@@ -130,6 +130,33 @@ TEST(HTMLText, readsCharacterReferencesAndOddCharacters) {
         {"soft hyphens", "a&shy;b", u"a\u00ADb"},
         {"a NUL in text", std::string_view("a\0b", 3), u"ab"},
     });
+}
+
+TEST(HTMLText, ofAPageInAFrameStandsInItsPlace) {
+    expectTexts({
+        {"page", "<p>a</p><iframe srcdoc=\"<p>b</p>\"></iframe><p>c</p>", u"a\nb\nc\n"},
+        {"within a line", "a <iframe srcdoc='b'></iframe> c", u"a\nb\nc"},
+        {"escaped", "<iframe srcdoc='&lt;p&gt;b &amp;amp; c&lt;/p&gt;'></iframe>", u"b & c\n"},
+        {"what stands inside is for others", "<iframe srcdoc='<p>b'>old</iframe>c", u"b\nc"},
+        {"another document", "a<iframe src='b.html'>old</iframe>c", u"ac"},
+        {"hidden", "a<iframe hidden srcdoc='b'></iframe>c", u"ac"},
+        {"styles of its own",
+         "<style>p {display: none}</style><iframe srcdoc='<style>b {display: none}</style><p>x<b>y</b>'>"
+         "</iframe><p>c</p><b>d</b>",
+         u"x\nd"},
+    });
+    EXPECT_EQ(read("<title>a</title><iframe srcdoc='<title>b</title>'></iframe>").info.title, u"a");
+}
+
+TEST(HTMLText, ofPagesInOneAnotherIsBounded) {
+    std::string page = "innermost";
+    std::u16string text;
+    for (int depth = 8; depth > 0; --depth) {
+        std::string escaped;
+        for (char c : page) escaped += c == '&' ? "&amp;" : c == '"' ? "&quot;" : std::string(1, c);
+        page = std::to_string(depth) + "<iframe srcdoc=\"" + escaped + "\"></iframe>";
+    }
+    EXPECT_EQ(textOf(page), u"1\n2\n3\n4\n5\n");
 }
 
 } // namespace
