@@ -173,7 +173,7 @@ void XMLReader::Parser::guarded(Call&& call) {
 void XMLCALL XMLReader::Parser::onStart(void* self, const char* name, const char** attributes) {
     auto* parser = static_cast<Parser*>(self);
     parser->guarded([&] {
-        if (++parser->depth > kDepthLimit) return parser->stop();
+        if (++parser->depth > kDepthLimit) return;
         parser->pairs = attributes;
         parser->attributesSplit = false;
         auto [space, local] = parser->split(name);
@@ -184,7 +184,7 @@ void XMLCALL XMLReader::Parser::onStart(void* self, const char* name, const char
 void XMLCALL XMLReader::Parser::onEnd(void* self, const char* name) {
     auto* parser = static_cast<Parser*>(self);
     parser->guarded([&] {
-        --parser->depth;
+        if (parser->depth-- > kDepthLimit) return;
         auto [space, local] = parser->split(name);
         parser->handler.endElement(space, local);
     });
@@ -192,6 +192,7 @@ void XMLCALL XMLReader::Parser::onEnd(void* self, const char* name) {
 
 void XMLCALL XMLReader::Parser::onCharacters(void* self, const char* text, int length) {
     auto* parser = static_cast<Parser*>(self);
+    if (parser->depth > kDepthLimit) return;
     parser->guarded([&] { parser->handler.characters({text, size_t(length)}); });
 }
 

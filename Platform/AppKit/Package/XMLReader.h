@@ -46,9 +46,11 @@ public:
 
 class XMLReader {
 public:
+    // Elements that lie deeper are passed over with all in them; what stands behind them is read.
+    static constexpr size_t kDepthLimit = 4096;
+
     // Past these bounds the document is refused, what stands before has gone to the handler. Wide enough for
     // what writers make, and for a hostile document cheap.
-    static constexpr size_t kDepthLimit = 4096;
     static constexpr size_t kNamespaceLengthLimit = 512; // bytes, by which every name in it is longer inside
     static constexpr size_t kMemoryLimit = 64 << 20;     // bytes; what must be whole, as a start tag, counts
 

@@ -131,15 +131,19 @@ TEST(XMLReader, passesOverTheNameOfADocumentType) {
     }
 }
 
-TEST(XMLReader, refusesDeepNesting) {
+TEST(XMLReader, passesOverElementsThatLieTooDeepAndReadsOn) {
     std::string open, close;
     for (int i = 0; i < 100'000; ++i) {
         open += "<x>";
         close += "</x>";
     }
-    Reading r = read(open + close);
-    EXPECT_FALSE(r.complete);
-    EXPECT_EQ(r.recorder.starts, XMLReader::kDepthLimit);
+    Reading r = read("<r>before" + open + "deep" + close + "<y/>behind</r>");
+    EXPECT_TRUE(r.complete);
+    EXPECT_EQ(r.recorder.starts, XMLReader::kDepthLimit + 1);
+    EXPECT_EQ(r.recorder.ends, XMLReader::kDepthLimit + 1);
+    EXPECT_TRUE(r.recorder.log.starts_with("<0:r>before<0:x>"));
+    EXPECT_TRUE(r.recorder.log.ends_with("</0:x><0:y></0:y>behind</0:r>"));
+    EXPECT_EQ(r.recorder.log.find("deep"), std::string::npos);
 
     constexpr size_t kAllowed = XMLReader::kDepthLimit;
     r = read(open.substr(0, 3 * kAllowed) + close.substr(0, 4 * kAllowed));
