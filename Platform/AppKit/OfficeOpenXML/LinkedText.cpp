@@ -2,8 +2,11 @@
 #include "Platform/AppKit/OfficeOpenXML/LinkedText.h"
 
 #include "Platform/AppKit/DocumentKinds.h"
+#include "Platform/AppKit/MIME/MIMEEntity.h"
 #include "Platform/AppKit/NSDocumentAttributes.h"
 #include "Platform/AppKit/StoryBuilder.h"
+#include "Platform/Foundation/ASCII.h"
+#include "Platform/Foundation/NSStringEncoding.h"
 #include "Platform/Foundation/UnicodeText.h"
 
 #include <utility>
@@ -13,25 +16,64 @@ namespace OfficeOpenXML {
 namespace {
 
 constexpr size_t kLargestChunk = 16 << 20; // bytes
-constexpr size_t kMostParts = 256;
 
-struct ChunkKind {
-    std::string_view extension;
+// What a media type or the end of a name says.
+struct KindName {
+    std::string_view name;
     const char16_t* documentType;
 };
 
-constexpr ChunkKind kChunkKinds[] = {{".htm", NSHTMLTextDocumentType},
-                                     {".html", NSHTMLTextDocumentType},
-                                     {".xhtml", NSHTMLTextDocumentType},
-                                     {".rtf", NSRTFTextDocumentType},
-                                     {".txt", NSPlainTextDocumentType}};
+constexpr KindName kMediaTypes[] = {{"text/html", NSHTMLTextDocumentType},
+                                    {"application/xhtml+xml", NSHTMLTextDocumentType},
+                                    {"text/rtf", NSRTFTextDocumentType},
+                                    {"application/rtf", NSRTFTextDocumentType},
+                                    {"text/plain", NSPlainTextDocumentType}};
 
-// Null for kinds that are not read here.
-const DocumentKind* chunkKind(std::string_view part) {
-    for (const ChunkKind& kind : kChunkKinds) {
-        if (part.ends_with(kind.extension)) return documentKindOfType(NSString(kind.documentType));
+constexpr KindName kExtensions[] = {{".htm", NSHTMLTextDocumentType},
+                                    {".html", NSHTMLTextDocumentType},
+                                    {".xhtml", NSHTMLTextDocumentType},
+                                    {".txt", NSPlainTextDocumentType}};
+
+bool isOfType(const DocumentKind& kind, const char16_t* documentType) {
+    return std::u16string_view(kind.documentType) == documentType;
+}
+
+const DocumentKind* kindOfMediaType(std::string_view type) {
+    for (const KindName& known : kMediaTypes) {
+        if (type == known.name) return documentKindOfType(NSString(known.documentType));
     }
     return nullptr;
+}
+
+// Null for what only may be plain text.
+const DocumentKind* tellingKindOfBytes(std::string_view bytes) {
+    const DocumentKind* kind = documentKindOfBytes(bytes);
+    return kind != nullptr && isOfType(*kind, NSPlainTextDocumentType) ? nullptr : kind;
+}
+
+const DocumentKind* kindOfName(std::string_view part) {
+    const std::string name = lowered(part);
+    for (const KindName& known : kExtensions) {
+        if (name.ends_with(known.name)) return documentKindOfType(NSString(known.documentType));
+    }
+    return nullptr;
+}
+
+// The page of a web page saved as a message, or its plain text, as UTF-8 if it says its encoding; "" if there
+// is neither.
+std::string pageOfMessage(std::string_view bytes, bool& isPage) {
+    const MIMEEntity message(bytes);
+    std::optional<MIMEEntity> shown = message.find("text/html");
+    isPage = shown.has_value();
+    if (!shown) shown = message.find("text/plain");
+    if (!shown) return {};
+    std::string contents = shown->contents();
+    const NSStringEncoding encoding = encodingForIANAName(shown->parameter("charset"));
+    if (encoding == NSNoStringEncoding) return contents;
+    constexpr std::string_view kMark = "\xEF\xBB\xBF";
+    std::u16string text;
+    appendDecoded(text, contents, encoding);
+    return std::string(kMark) + toUTF8(text);
 }
 
 // The paragraphs of the points of a diagram's data.
@@ -62,18 +104,40 @@ private:
 
 std::string LinkedText::takePart(std::string_view id) {
     std::string part = relationships_.partWithID(id);
-    bool isNew = !part.empty() && taken_.size() < kMostParts && taken_.insert(part).second;
-    return isNew ? part : std::string();
+    if (part.empty() || allowance_.parts == 0 || !taken_.insert(part).second) return {};
+    --allowance_.parts;
+    return part;
 }
 
 std::u16string LinkedText::takeChunk(std::string_view id) {
-    std::string part = takePart(id);
-    const DocumentKind* kind = chunkKind(part);
-    NSString whyNot;
-    DocumentReader reader = kind != nullptr ? readerOfKind(*kind, &whyNot) : nullptr;
-    if (reader == nullptr) return {};
+    const std::string part = takePart(id);
+    if (part.empty()) return {};
+    if (!contentTypes_) contentTypes_.emplace(package_, deadline_);
+    const std::string type = contentTypes_->typeOf(part);
+    const std::string bytes = package_.contents(part, deadline_, kLargestChunk);
+
+    if (type == "message/rfc822" || type == "multipart/related" || startsAsMIME(bytes)) {
+        bool isPage = false;
+        const std::string page = pageOfMessage(bytes, isPage);
+        return readChunk(page, kindOfMediaType(isPage ? "text/html" : "text/plain"));
+    }
+    const DocumentKind* kind = kindOfMediaType(type);
+    if (kind == nullptr || isOfType(*kind, NSRTFTextDocumentType)) {
+        if (const DocumentKind* telling = tellingKindOfBytes(bytes)) kind = telling;
+    }
+    return readChunk(bytes, kind != nullptr ? kind : kindOfName(part));
+}
+
+std::u16string LinkedText::readChunk(std::string_view bytes, const DocumentKind* kind) {
     DocumentContents contents;
-    reader(package_.contents(part, deadline_, kLargestChunk), deadline_, contents);
+    if (kind == nullptr) return {};
+    if (isOfType(*kind, NSOfficeOpenXMLTextDocumentType)) {
+        readInnerDocument(bytes, allowance_, deadline_, contents);
+        return std::move(contents.text);
+    }
+    NSString whyNot;
+    DocumentReader reader = readerOfKind(*kind, &whyNot);
+    if (reader != nullptr) reader(bytes, deadline_, contents);
     return std::move(contents.text);
 }
 

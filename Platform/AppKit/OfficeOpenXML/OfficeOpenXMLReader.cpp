@@ -5,9 +5,11 @@
 #include "Platform/AppKit/CompoundFile/CompoundFile.h"
 #include "Platform/AppKit/DocumentReader.h"
 #include "Platform/AppKit/OfficeOpenXML/DocumentHandler.h"
+#include "Platform/AppKit/OfficeOpenXML/Package.h"
 #include "Platform/AppKit/OfficeOpenXML/PropertiesPart.h"
 #include "Platform/AppKit/Package/ZipPackage.h"
 
+#include <algorithm>
 #include <initializer_list>
 #include <utility>
 
@@ -35,7 +37,8 @@ void readInformation(const ZipPackage& package, const RelationshipsPart& relatio
     info.converted = -1;
 }
 
-ReadStatus readPackage(const ZipPackage& package, Deadline& deadline, DocumentContents& contents) {
+ReadStatus readPackage(const ZipPackage& package, Allowance& allowance, Deadline& deadline,
+                       DocumentContents& contents) {
     RelationshipsPart packageRelationships(package, "", deadline);
     std::string main = partName(package, packageRelationships, {"officeDocument"}, "word/document.xml");
     if (main.empty()) return ReadStatus::wrongKind;
@@ -49,7 +52,7 @@ ReadStatus readPackage(const ZipPackage& package, Deadline& deadline, DocumentCo
     NumberingPart lists(package, name("numbering"), styles, deadline);
     NotesPart footnotes(package, name("footnotes"), styles, lists, deadline);
     NotesPart endnotes(package, name("endnotes"), styles, lists, deadline);
-    LinkedText linked(package, relationships, deadline);
+    LinkedText linked(package, relationships, allowance, deadline);
 
     DocumentInfo info;
     readInformation(package, packageRelationships, deadline, info);
@@ -63,12 +66,31 @@ ReadStatus readPackage(const ZipPackage& package, Deadline& deadline, DocumentCo
 
 } // namespace
 
-} // namespace OfficeOpenXML
-
-ReadStatus readOfficeOpenXML(std::string_view bytes, Deadline& deadline, DocumentContents& contents) {
+ReadStatus readDocument(std::string_view bytes, Allowance& allowance, Deadline& deadline,
+                        DocumentContents& contents) {
     // Programs put an encrypted package into a compound file.
     if (auto file = CompoundFile::open(bytes))
         return file->contains("EncryptedPackage") ? ReadStatus::locked : ReadStatus::wrongKind;
     auto package = ZipPackage::open(bytes);
-    return package ? OfficeOpenXML::readPackage(*package, deadline, contents) : ReadStatus::wrongKind;
+    return package ? readPackage(*package, allowance, deadline, contents) : ReadStatus::wrongKind;
+}
+
+ReadStatus readInnerDocument(std::string_view bytes, Allowance& allowance, Deadline& deadline,
+                             DocumentContents& contents) {
+    if (allowance.depth == 0) return ReadStatus::wrongKind;
+    auto package = ZipPackage::open(bytes, allowance.inflatedBytes);
+    if (!package) return ReadStatus::wrongKind;
+    const uint64_t before = package->budget();
+    --allowance.depth;
+    ReadStatus status = readPackage(*package, allowance, deadline, contents);
+    ++allowance.depth;
+    allowance.inflatedBytes -= std::min(allowance.inflatedBytes, before - package->budget());
+    return status;
+}
+
+} // namespace OfficeOpenXML
+
+ReadStatus readOfficeOpenXML(std::string_view bytes, Deadline& deadline, DocumentContents& contents) {
+    OfficeOpenXML::Allowance allowance;
+    return OfficeOpenXML::readDocument(bytes, allowance, deadline, contents);
 }

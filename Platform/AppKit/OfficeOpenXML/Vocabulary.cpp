@@ -23,6 +23,7 @@ constexpr XMLNamespace kNamespaces[] = {
     {"http://schemas.openxmlformats.org/officeDocument/2006/relationships", kReference},
     {"http://purl.oclc.org/ooxml/officeDocument/relationships", kReference},
     {"http://schemas.openxmlformats.org/package/2006/relationships", kRelationships},
+    {"http://schemas.openxmlformats.org/package/2006/content-types", kContentTypes},
     {"http://schemas.openxmlformats.org/package/2006/metadata/core-properties", kCoreProperties},
     {"http://purl.org/dc/elements/1.1/", kDublinCore},
     {"http://purl.org/dc/terms/", kDublinCoreTerms},
@@ -132,6 +133,8 @@ constexpr NamedElement kElements[] = {
     {kCompatibility, "Fallback", Element::alternative},
 
     {kRelationships, "Relationship", Element::relationship},
+    {kContentTypes, "Default", Element::defaultContentType},
+    {kContentTypes, "Override", Element::overridingContentType},
     {kDublinCore, "title", Element::title},
     {kDublinCore, "creator", Element::creator},
     {kDublinCore, "subject", Element::subject},

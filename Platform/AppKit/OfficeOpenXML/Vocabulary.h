@@ -25,6 +25,7 @@ enum Space : int {
     kDublinCore,
     kDublinCoreTerms,
     kExtendedProperties,
+    kContentTypes,
     kXML
 };
 
@@ -107,6 +108,8 @@ enum class Element : uint8_t {
 
     // relationships and information
     relationship,
+    defaultContentType,
+    overridingContentType,
     title,
     creator,
     subject,

@@ -140,12 +140,11 @@ uint64_t findEntryEnd(std::string_view bytes, uint64_t data) {
 
 } // namespace
 
-ZipPackage::ZipPackage(std::string_view bytes)
-    : bytes_(bytes),
-      budget_(bytes.size() > kInflatedLimit / kRatioLimit ? kInflatedLimit : bytes.size() * kRatioLimit) {}
+ZipPackage::ZipPackage(std::string_view bytes, uint64_t inflatedLimit)
+    : bytes_(bytes), budget_(std::min<uint64_t>(inflatedLimit, bytes.size() * kRatioLimit)) {}
 
-std::optional<ZipPackage> ZipPackage::open(std::string_view bytes) {
-    ZipPackage package(bytes);
+std::optional<ZipPackage> ZipPackage::open(std::string_view bytes, uint64_t inflatedLimit) {
+    ZipPackage package(bytes, inflatedLimit);
     if (!package.readDirectory()) package.readLocalHeaders();
     if (package.entries_.empty()) return std::nullopt;
     return package;

@@ -31,8 +31,12 @@ public:
     // Takes each piece of an entry's bytes in turn, as long as it answers true.
     using Sink = std::function<bool(std::string_view piece)>;
 
-    // Null when the bytes hold no zip entry at all. `bytes` must outlive the package.
-    static std::optional<ZipPackage> open(std::string_view bytes);
+    // Null when the bytes hold no zip entry at all. `bytes` must outlive the package. A smaller limit than
+    // the usual one is for packages that lie in others.
+    static std::optional<ZipPackage> open(std::string_view bytes, uint64_t inflatedLimit = kInflatedLimit);
+
+    // How many bytes may still be read.
+    uint64_t budget() const { return budget_; }
 
     bool contains(std::string_view name) const { return find(name) != nullptr; }
 
@@ -59,7 +63,7 @@ private:
         bool encrypted = false;
     };
 
-    explicit ZipPackage(std::string_view bytes);
+    ZipPackage(std::string_view bytes, uint64_t inflatedLimit);
 
     bool readDirectory();
     bool readDirectoryEntry(size_t& at, uint64_t shift);
@@ -71,5 +75,5 @@ private:
 
     std::string_view bytes_;
     std::map<std::string, Entry, std::less<>> entries_; // by folded name
-    mutable uint64_t budget_;                           // bytes that may still be read
+    mutable uint64_t budget_;
 };

@@ -73,34 +73,4 @@ TEST(OfficeOpenXMLNotes, ofABrokenPartAreReadUpToTheDamage) {
     EXPECT_EQ(textOf(docx), "a\nfirst\nsecond\n");
 }
 
-TEST(OfficeOpenXMLLinkedText, takesDiagramsFromTheirPartsOnce) {
-    DocxWriter docx;
-    docx.otherRelationships = "<Relationship Id=\"d\" Type=\"x/diagramData\" Target=\"diagrams/data1.xml\"/>";
-    docx.others["word/diagrams/data1.xml"] =
-        "<dgm:dataModel xmlns:dgm=\"http://schemas.openxmlformats.org/drawingml/2006/diagram\""
-        " xmlns:a=\"http://schemas.openxmlformats.org/drawingml/2006/"
-        "main\"><dgm:pt><dgm:t><a:p><a:r><a:t>one</a:t>"
-        "</a:r></a:p></dgm:t></dgm:pt><dgm:pt><dgm:t><a:p/></dgm:t></"
-        "dgm:pt><dgm:pt><dgm:t><a:p><a:r><a:t>two</a:t>"
-        "</a:r></a:p></dgm:t></dgm:pt></dgm:dataModel>";
-    const std::string diagram = "<w:r><w:drawing><dgm:relIds r:dm=\"d\"/></w:drawing></w:r>";
-    docx.body = paragraph(run("a") + diagram + run("b")) + paragraph(run("c") + diagram);
-    EXPECT_EQ(textOf(docx), "ab\none\ntwo\nc\n");
-}
-
-TEST(OfficeOpenXMLLinkedText, showsDocumentsOfOtherKindsInTheirPlaces) {
-    DocxWriter docx;
-    docx.otherRelationships = "<Relationship Id=\"t\" Type=\"x/aFChunk\" Target=\"/chunks/a.txt\"/>"
-                              "<Relationship Id=\"r\" Type=\"x/aFChunk\" Target=\"../chunks/b.rtf\"/>"
-                              "<Relationship Id=\"m\" Type=\"x/aFChunk\" Target=\"../chunks/c.mht\"/>";
-    docx.others["chunks/a.txt"] = "plain";
-    docx.others["chunks/b.rtf"] = "{\\rtf1 rich\\par}";
-    docx.others["chunks/c.mht"] = "MIME-Version: 1.0\r\n\r\nmail";
-    docx.body = paragraphs({"a"}) +
-                "<w:altChunk r:id=\"t\"/><w:altChunk r:id=\"m\"/><w:altChunk r:id=\"none\"/>"
-                "<w:altChunk r:id=\"r\"/><w:altChunk r:id=\"t\"/>" +
-                paragraphs({"b"});
-    EXPECT_EQ(textOf(docx), "a\nplain\nrich\nb\n");
-}
-
 } // namespace
