@@ -2,6 +2,7 @@
 #include "Platform/CoreServices/LSInfo.h"
 
 #include "Platform/CoreServices/Volumes.h"
+#include "Platform/Foundation/ASCII.h"
 #include "Platform/Foundation/NSPathUtilities.h"
 #include "Platform/Foundation/NSURLPathUtilities.h"
 
@@ -18,14 +19,6 @@ constexpr std::u16string_view kPackageExtensions[] = {
     u"kext",    u"mdimporter", u"mpkg",      u"numbers",     u"osax",       u"pages",   u"photoslibrary",
     u"pkg",     u"plugin",     u"prefpane",  u"qlgenerator", u"rtfd",       u"saver",   u"scptd",
     u"service", u"wdgt",       u"xcodeproj", u"xpc"};
-
-// Extensions are ASCII: no other letter folds into one that is listed.
-std::u16string lowered(std::u16string text) {
-    for (char16_t& c : text) {
-        if (c >= u'A' && c <= u'Z') c = char16_t(c + 32);
-    }
-    return text;
-}
 
 bool hasContents(const std::string& directory) {
     struct stat info {};

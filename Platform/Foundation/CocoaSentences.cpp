@@ -2,6 +2,7 @@
 #include "Platform/Foundation/CocoaSentences.h"
 
 #include "Platform/Foundation/NSError.h"
+#include "Platform/Foundation/NSFileManager.h"
 #include "Platform/Foundation/NSPathUtilities.h"
 #include "Platform/Foundation/NSURL.h"
 
@@ -108,7 +109,7 @@ std::u16string filled(std::u16string_view sentence, const NSString& path) {
         }
         switch (sentence[++i]) {
         case u'x': out += lastPathComponent(path).text(); break;
-        case u'y': out += lastPathComponent(stringByDeletingLastPathComponent(path)).text(); break;
+        case u'y': out += displayNameAtPath(stringByDeletingLastPathComponent(path)).text(); break;
         default: out += isDirectory(path) ? u"folder" : u"file"; break;
         }
     }

@@ -112,7 +112,7 @@ int removeAttribute(const char* path, const char* name, int options) {
 
 int platformAttributeErrno(int systemErrno) {
     switch (systemErrno) {
-    case ENODATA: return 93;
+    case ENODATA: return kMissingAttributeCode;
     case EOPNOTSUPP: return 45;
     default: return platformErrno(systemErrno);
     }

@@ -32,6 +32,9 @@ ssize_t listAttributes(const char* path, char* names, size_t size, int options);
 int setAttribute(const char* path, const char* name, const void* value, size_t size, int options);
 int removeAttribute(const char* path, const char* name, int options);
 
+// The platform's number of a missing attribute.
+inline constexpr int kMissingAttributeCode = 93;
+
 // The platform's number for what a call here left in errno: a missing attribute is 93, and what the file
 // system does not support is 45, where the numbers of other calls differ.
 int platformAttributeErrno(int systemErrno);

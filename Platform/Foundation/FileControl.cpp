@@ -24,10 +24,13 @@ int getPath(int descriptor, char* buffer) {
     const ssize_t length = readlink(entry.c_str(), path, sizeof path);
     if (length < 0) return -1;
     if (path[0] != '/') return failWith(EBADF); // such as "pipe:[4711]"
-    if (info.st_nlink == 0) return failWith(ENOENT);
     if (size_t(length) >= sizeof path) return failWith(ENAMETOOLONG);
-    memcpy(buffer, path, size_t(length));
-    buffer[length] = '\0';
+    path[length] = '\0';
+    // The name may be gone, though the file has others: the kernel then adds to it what no path should have.
+    struct stat named {};
+    if (stat(path, &named) != 0 || named.st_dev != info.st_dev || named.st_ino != info.st_ino)
+        return failWith(ENOENT);
+    memcpy(buffer, path, size_t(length) + 1);
     return 0;
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Foundation/Module.h"
 
+#include "Platform/Foundation/NSPathUtilities.h"
 #include "Platform/Foundation/StringFormat.h"
 
 #include <climits>
@@ -13,21 +14,36 @@ namespace {
 #define STRING_OF(x) #x
 #define NAME_OF(x) STRING_OF(x)
 
+std::string& chosenFolder() {
+    static std::string folder;
+    return folder;
+}
+
 std::string folderBesideProgram() {
     char program[PATH_MAX];
     ssize_t length = readlink("/proc/self/exe", program, sizeof program);
     std::string path(program, length > 0 ? size_t(length) : 0);
     for (int i = 0; i < 2; ++i)
         path.resize(path.find_last_of('/') == std::string::npos ? 0 : path.find_last_of('/'));
-    return path + "/lib/texttool/";
+    return path + "/lib/texttool";
+}
+
+std::string fileOf(const std::string& module) {
+    std::string file;
+    for (const std::string& folder :
+         {chosenFolder(), folderBesideProgram(), std::string(TEXTTOOL_MODULE_FOLDER)}) {
+        file = folder + "/" + module + ".so";
+        if (!folder.empty() && access(file.c_str(), F_OK) == 0) break;
+    }
+    return file;
 }
 
 } // namespace
 
+void setModuleFolder(const NSString& folder) { chosenFolder() = fileSystemRepresentation(folder); }
+
 void* moduleEntry(const char* module, NSString* why) {
-    std::string file = folderBesideProgram() + module + ".so";
-    if (access(file.c_str(), F_OK) != 0) file = std::string(TEXTTOOL_MODULE_FOLDER "/") + module + ".so";
-    void* library = dlopen(file.c_str(), RTLD_LAZY | RTLD_LOCAL);
+    void* library = dlopen(fileOf(module).c_str(), RTLD_LAZY | RTLD_LOCAL);
     void* entry = library ? dlsym(library, NAME_OF(MODULE_ENTRY)) : nullptr;
     if (!entry && why) *why = stringWithFormat("The module “%s” can’t be loaded: %s", module, dlerror());
     return entry;

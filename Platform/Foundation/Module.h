@@ -9,6 +9,24 @@
 // The name of the entry that every module exports.
 #define MODULE_ENTRY texttoolModuleEntry
 
+// Where to look for modules first. For programs that were installed apart from the modules; to be called
+// before anything that needs one.
+void setModuleFolder(const NSString& folder);
+
 // The address of a module's entry, or null and in `why` a sentence that names the module. Modules lie in
-// ../lib/texttool beside the program's folder, else where the system was installed.
+// the folder that was set, in ../lib/texttool beside the program's folder, or where the system was installed.
 void* moduleEntry(const char* module, NSString* why);
+
+// An entry, looked up once in the process however often it is asked for.
+template <class Entry>
+class ModuleEntry {
+public:
+    explicit ModuleEntry(const char* module) : entry_(reinterpret_cast<Entry>(moduleEntry(module, &why_))) {}
+    // Null when the module could not be loaded: why not is told every time.
+    Entry get() const { return entry_; }
+    const NSString& why() const { return why_; }
+
+private:
+    NSString why_;
+    Entry entry_;
+};

@@ -1,65 +1,25 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Foundation/FileDescriptor.h"
+#include "Platform/Foundation/FileErrors.h"
 #include "Platform/Foundation/NSData.h"
 #include "Platform/Foundation/NSError.h"
 #include "Platform/Foundation/NSPathUtilities.h"
 #include "Platform/Foundation/NSURLPathUtilities.h"
-#include "Platform/Foundation/StringFormat.h"
 
 #include <cerrno>
+#include <cinttypes>
 #include <climits>
-#include <cstdlib>
+#include <cstdio>
 #include <cstring>
 #include <fcntl.h>
 #include <new>
+#include <optional>
 #include <stdexcept>
+#include <sys/random.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
-
-NSError fileError(int64_t cocoaCode, const NSString& path, int systemErrno) {
-    return NSError(NSCocoaErrorDomain, cocoaCode,
-                   {{NSString(NSFilePathErrorKey), path},
-                    {NSString(NSUnderlyingErrorKey), NSError::posix(systemErrno)}});
-}
-
-NSError readError(const NSString& path, int systemErrno) {
-    switch (systemErrno) {
-    case ENOENT: return fileError(NSFileReadNoSuchFileError, path, systemErrno);
-    case EACCES:
-    case EPERM: return fileError(NSFileReadNoPermissionError, path, systemErrno);
-    case ENAMETOOLONG: return fileError(NSFileReadInvalidFileNameError, path, systemErrno);
-    case EFBIG: return fileError(NSFileReadTooLargeError, path, systemErrno);
-    default: return fileError(NSFileReadUnknownError, path, systemErrno);
-    }
-}
-
-// What is missing when a file cannot be made is its folder.
-NSError missingFolderError(const NSString& path, int systemErrno) {
-    NSString folder = lastPathComponent(stringByDeletingLastPathComponent(path));
-    NSError error = fileError(NSFileNoSuchFileError, path, systemErrno);
-    if (folder.isEmpty()) return error;
-    NSMutableDictionary info(error.userInfo());
-    info.setObject(stringWithFormat("The folder “%@” doesn’t exist.", folder),
-                   NSString(NSLocalizedDescriptionKey));
-    info.setObject(NSString(u"The folder doesn’t exist."), NSString(NSLocalizedFailureReasonErrorKey));
-    return NSError(error.domain(), error.code(), std::move(info).copy());
-}
-
-NSError writeError(const NSString& path, int systemErrno) {
-    switch (systemErrno) {
-    case ENOENT: return missingFolderError(path, systemErrno);
-    case EACCES:
-    case EPERM: return fileError(NSFileWriteNoPermissionError, path, systemErrno);
-    case EEXIST: return fileError(NSFileWriteFileExistsError, path, systemErrno);
-    case ENAMETOOLONG: return fileError(NSFileWriteInvalidFileNameError, path, systemErrno);
-    case ENOSPC:
-    case EDQUOT: return fileError(NSFileWriteOutOfSpaceError, path, systemErrno);
-    case EROFS: return fileError(NSFileWriteVolumeReadOnlyError, path, systemErrno);
-    default: return fileError(NSFileWriteUnknownError, path, systemErrno);
-    }
-}
 
 // Why a URL has no path for the file system.
 NSError URLError(const NSURL& url, int64_t otherScheme, int64_t invalidName) {
@@ -128,14 +88,23 @@ bool isSameFile(const std::string& path, const struct stat& file) {
     return stat(path.c_str(), &other) == 0 && other.st_dev == file.st_dev && other.st_ino == file.st_ino;
 }
 
-// A temporary file beside its target, gone again unless it was renamed to it.
+// A name that no file has: 64 random bits behind the name's beginning.
+std::string temporaryNameBeside(const std::string& target) {
+    uint64_t bits = 0;
+    if (getrandom(&bits, sizeof bits, 0) != sizeof bits) bits = uint64_t(getpid());
+    char name[32];
+    snprintf(name, sizeof name, ".texttool-%016" PRIx64, bits);
+    return target.substr(0, target.rfind('/') + 1) + name;
+}
+
+// A temporary file beside its target, gone again unless it was renamed to it. A new file has the permissions
+// that the process's mask leaves, one that takes another's place has the other's.
 class TemporaryFile {
 public:
-    explicit TemporaryFile(const std::string& target) : target_(target) {
-        size_t slash = target.rfind('/');
-        name_ =
-            (slash == std::string::npos ? std::string() : target.substr(0, slash + 1)) + ".texttool-XXXXXX";
-        fd_ = FileDescriptor(mkostemp(name_.data(), O_CLOEXEC));
+    TemporaryFile(const std::string& target, std::optional<mode_t> mode)
+        : target_(target), name_(temporaryNameBeside(target)), mode_(mode) {
+        fd_ = FileDescriptor(
+            open(name_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode ? *mode & 0600 : 0666));
         error_ = fd_ ? 0 : errno;
     }
     ~TemporaryFile() {
@@ -145,26 +114,22 @@ public:
     TemporaryFile& operator=(const TemporaryFile&) = delete;
 
     // 0 or the system's error.
-    int becomeTarget(std::string_view bytes, mode_t mode) {
+    int becomeTarget(std::string_view bytes) {
         if (error_) return error_;
         if (int error = writeAll(fd_.get(), bytes)) return error;
-        if (fchmod(fd_.get(), mode) != 0 || rename(name_.c_str(), target_.c_str()) != 0) return errno;
+        if (mode_ && fchmod(fd_.get(), *mode_) != 0) return errno;
+        if (rename(name_.c_str(), target_.c_str()) != 0) return errno;
         renamed_ = true;
         return 0;
     }
 
 private:
     std::string target_, name_;
+    std::optional<mode_t> mode_;
     FileDescriptor fd_;
     int error_ = 0;
     bool renamed_ = false;
 };
-
-mode_t modeOfNewFile() {
-    mode_t mask = umask(0);
-    umask(mask);
-    return 0666 & ~mask;
-}
 
 int writeDirectly(const std::string& path, std::string_view bytes, bool mayReplace) {
     int flags = O_WRONLY | O_CREAT | O_CLOEXEC | (mayReplace ? O_TRUNC : O_EXCL);
@@ -181,7 +146,9 @@ int writeAtomically(const std::string& path, std::string_view bytes) {
     std::string target;
     if (int error = followLinks(path, target)) return error;
     if (exists && !isSameFile(target, info)) return writeDirectly(path, bytes, true);
-    return TemporaryFile(target).becomeTarget(bytes, exists ? info.st_mode & 07777 : modeOfNewFile());
+    std::optional<mode_t> mode;
+    if (exists) mode = info.st_mode & 07777;
+    return TemporaryFile(target, mode).becomeTarget(bytes);
 }
 
 } // namespace
@@ -191,16 +158,16 @@ NSData NSData::dataWithContentsOfFile(const NSString& path, unsigned options, NS
     FileDescriptor fd(open(fileSystemRepresentation(path).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     struct stat info {};
     if (!fd || fstat(fd.get(), &info) != 0) {
-        fail(error, readError(path, errno));
+        fail(error, fileReadError(path, errno));
         return nullptr;
     }
     if (!S_ISREG(info.st_mode)) {
-        fail(error, readError(path, S_ISDIR(info.st_mode) ? EISDIR : EINVAL));
+        fail(error, fileReadError(path, S_ISDIR(info.st_mode) ? EISDIR : EINVAL));
         return nullptr;
     }
     std::string bytes;
     if (int failure = readAllIfMemoryAllows(fd.get(), size_t(info.st_size), bytes)) {
-        fail(error, readError(path, failure));
+        fail(error, fileReadError(path, failure));
         return nullptr;
     }
     if (options & NSDataReadingUncached) posix_fadvise(fd.get(), 0, 0, POSIX_FADV_DONTNEED);
@@ -212,7 +179,7 @@ bool NSData::writeToFile(const NSString& path, unsigned options, NSError* error)
     bool mayReplace = !(options & NSDataWritingWithoutOverwriting);
     bool atomic = (options & NSDataWritingAtomic) && mayReplace;
     int failure = atomic ? writeAtomically(file, bytes()) : writeDirectly(file, bytes(), mayReplace);
-    return failure == 0 || fail(error, writeError(path, failure));
+    return failure == 0 || fail(error, fileWriteError(path, failure));
 }
 
 NSData NSData::dataWithContentsOfURL(const NSURL& url, unsigned options, NSError* error) {

@@ -59,10 +59,9 @@ int comparePlain(View a, View b) {
 }
 
 int compareByModule(View a, View b, const std::string& locale) {
-    NSString why;
-    static const auto collate = reinterpret_cast<CollationModuleEntry>(moduleEntry("Collation", &why));
-    if (!collate) NSException(NSGenericException, why).raise();
-    return collate(a, b, locale.c_str());
+    static const ModuleEntry<CollationModuleEntry> module("Collation");
+    if (!module.get()) NSException(NSGenericException, module.why()).raise();
+    return module.get()(a, b, locale.c_str());
 }
 
 } // namespace

@@ -46,7 +46,8 @@ NSURL NSURL::fileURLWithFileSystemRepresentation(std::string_view bytes, bool is
     std::string path(bytes);
     if (path.empty() || path[0] != '/') {
         char directory[4096];
-        path = std::string(getcwd(directory, sizeof directory) ? directory : "") + "/" + path;
+        if (!getcwd(directory, sizeof directory)) return NSURL();
+        path = std::string(directory) + "/" + path;
     }
     while (path.size() > 1 && path.back() == '/') path.pop_back();
     if (isDirectory && path != "/") path.push_back('/');

@@ -16,7 +16,7 @@ public:
     static NSURL URLWithString(const NSString& text, const NSURL& base = NSURL());
 
     // The URL of a path: percent-escaped, with a trailing slash when an existing directory is there. A
-    // relative path is taken in the current directory.
+    // relative path is taken in the current directory; nil when that is gone.
     static NSURL fileURLWithPath(const NSString& path);
     // The same of a path in bytes, marked as a directory or not whatever is there.
     static NSURL fileURLWithFileSystemRepresentation(std::string_view bytes, bool isDirectory);

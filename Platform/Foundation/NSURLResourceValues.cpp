@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Foundation/NSURLResourceValues.h"
 
+#include "Platform/Foundation/FileErrors.h"
 #include "Platform/Foundation/NSDate.h"
 #include "Platform/Foundation/NSFileManager.h"
 #include "Platform/Foundation/NSNumber.h"
@@ -41,16 +42,6 @@ constexpr struct {
                   {NSURLFileSizeKey, fileSize},
                   {NSURLContentModificationDateKey, modificationDate}};
 
-int64_t cocoaCode(int systemErrno) {
-    switch (systemErrno) {
-    case ENOENT:
-    case ENOTDIR: return NSFileReadNoSuchFileError;
-    case EACCES: return NSFileReadNoPermissionError;
-    case ENAMETOOLONG: return NSFileReadInvalidFileNameError;
-    default: return NSFileReadUnknownError;
-    }
-}
-
 NSError errorOf(const NSURL& url, int64_t code, const NSError& underlying = NSError()) {
     NSMutableDictionary info;
     if (url) info.setObject(url, NSString(NSURLErrorKey));
@@ -69,7 +60,7 @@ bool getResourceValue(const NSURL& url, NSObject& value, const NSString& key, NS
     Item item{stringWithFileSystemRepresentation(*file), {}};
     if (lstat(file->c_str(), &item.info) != 0) {
         const int failure = errno;
-        return fail(error, errorOf(url, cocoaCode(failure), NSError::posix(failure)));
+        return fail(error, errorOf(url, fileReadErrorCode(failure), NSError::posix(failure)));
     }
     value = nullptr;
     for (const auto& resource : kResources) {

@@ -36,6 +36,8 @@ constexpr ErrnoPair kErrnoPairs[] = {
     {EOWNERDEAD, 105},  {ENOTRECOVERABLE, 104}, {EREMOTE, 71},
 };
 
+constexpr int kLastSharedErrno = 34;
+
 constexpr const char16_t* kSentences[] = {
     u"Undefined error: 0",
     u"Operation not permitted",
@@ -152,7 +154,8 @@ int platformErrno(int systemErrno) {
     for (const ErrnoPair& pair : kErrnoPairs) {
         if (pair.system == systemErrno) return pair.platform;
     }
-    return systemErrno;
+    // What only this system knows is there as general as this.
+    return systemErrno <= kLastSharedErrno ? systemErrno : platformErrno(EIO);
 }
 
 NSString platformErrnoSentence(int64_t code) {

@@ -14,13 +14,9 @@ using View = std::u16string_view;
 
 constexpr char kHexDigits[] = "0123456789ABCDEF";
 
-constexpr bool isAlphanumeric(char32_t c) {
-    return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
-}
-
 constexpr auto kIsLegal = [] {
     std::array<bool, 0x80> legal{};
-    for (char32_t c = 0; c < legal.size(); ++c) legal[c] = isAlphanumeric(c);
+    for (char32_t c = 0; c < legal.size(); ++c) legal[c] = isLetter(c) || isDigit(c);
     for (char c : std::string_view("!$&'()*+,-./:;=?@_~")) legal[static_cast<unsigned char>(c)] = true;
     return legal;
 }();
@@ -114,7 +110,7 @@ std::string percentEscaped(std::string_view bytes, std::string_view literal) {
     out.reserve(bytes.size());
     for (char c : bytes) {
         const auto byte = static_cast<unsigned char>(c);
-        if (isAlphanumeric(byte) || literal.find(c) != std::string_view::npos) {
+        if (isLetter(byte) || isDigit(byte) || literal.find(c) != std::string_view::npos) {
             out.push_back(c);
         } else {
             out.append({'%', kHexDigits[byte >> 4], kHexDigits[byte & 15]});

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// Format strings of the platform: printf's conversions and `%@`, which prints an object's description.
+// Format strings of the platform: printf's conversions, also with positions (`%2$@`) and widths among the
+// arguments (`%*d`), `%@`, which prints an object's description, `%C` for a UTF-16 unit and `%S` for such
+// text.
 #pragma once
 
 #include "Platform/Foundation/NSObject.h"

@@ -5,8 +5,7 @@
 #include "Platform/Foundation/NSException.h"
 
 const UnicodeFunctions& unicodeFunctions() {
-    NSString why;
-    static const auto entry = reinterpret_cast<UnicodeModuleEntry>(moduleEntry("Unicode", &why));
-    if (!entry) NSException(NSGenericException, why).raise();
-    return *entry();
+    static const ModuleEntry<UnicodeModuleEntry> module("Unicode");
+    if (!module.get()) NSException(NSGenericException, module.why()).raise();
+    return *module.get()();
 }

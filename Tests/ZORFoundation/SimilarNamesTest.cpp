@@ -144,6 +144,32 @@ TEST_F(SimilarNames, AreKeptForTheirThreadUntilItAsksAgainOrEnds) {
     EXPECT_EQ(elsewhere("Report.pdf"), "Report.pdf");
 }
 
+TEST_F(SimilarNames, AreFreeAgainOnceTheyHaveBeenUsed) {
+    NSURL mine = zorSimilarNonExistentURL(at("Report.pdf"));
+    auto elsewhere = [&] {
+        std::string found;
+        std::thread([&] { found = similar("Report.pdf"); }).join();
+        return found;
+    };
+    EXPECT_EQ(elsewhere(), "Report-1.pdf");
+    make("Report.pdf");
+    EXPECT_EQ(elsewhere(), "Report-1.pdf");
+    std::filesystem::remove(folder.path() + "/Report.pdf");
+    EXPECT_EQ(elsewhere(), "Report.pdf");
+}
+
+TEST_F(SimilarNames, InADirectoryOfTwoNamesNeverMeet) {
+    std::filesystem::create_directory(folder.path() + "/real");
+    std::filesystem::create_directory_symlink("real", folder.path() + "/link");
+    NSURL mine = zorSimilarNonExistentURL(at("real/x"));
+    EXPECT_EQ(fileSystemRepresentation(zorName(mine)), "x");
+    std::string other;
+    std::thread([&] {
+        other = fileSystemRepresentation(zorName(zorSimilarNonExistentURL(at("link/x"))));
+    }).join();
+    EXPECT_EQ(other, "x-1");
+}
+
 TEST(MissingDirectoryDeathTest, IsReportedThenStopsTheProcess) {
     testing::FLAGS_gtest_death_test_style = "threadsafe";
     const NSURL url = NSURL::URLWithString(u"file:///a"),

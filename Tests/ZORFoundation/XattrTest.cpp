@@ -92,15 +92,15 @@ TEST_F(Xattr, HaveKeysInUTF8) {
 }
 
 TEST_F(Xattr, ListTheirKeys) {
-    EXPECT_TRUE(zorXattrKeys(url(), &error)) << "empty, not nil";
-    EXPECT_EQ(zorXattrKeys(url(), &error).count(), 0u);
+    EXPECT_TRUE(zorXattrKeysError(url(), &error)) << "empty, not nil";
+    EXPECT_EQ(zorXattrKeysError(url(), &error).count(), 0u);
     setSystemValue("user.net_sourceforge_skim-app_text_notes", "1");
-    EXPECT_EQ(zorXattrKeys(url(), &error),
+    EXPECT_EQ(zorXattrKeysError(url(), &error),
               NSObject(NSArray{NSString(u"net_sourceforge_skim-app_text_notes")}));
     setSystemValue("user.bad \xff", "no text");
-    EXPECT_EQ(zorXattrKeys(url(), &error).count(), 1u);
+    EXPECT_EQ(zorXattrKeysError(url(), &error).count(), 1u);
     setSystemValue("user.second", "2");
-    EXPECT_EQ(zorXattrKeys(url(), &error).count(), 2u);
+    EXPECT_EQ(zorXattrKeysError(url(), &error).count(), 2u);
     EXPECT_FALSE(error);
 }
 
@@ -133,7 +133,7 @@ TEST_F(Xattr, AreThoseOfALinkItself) {
     file = folder.path() + "/link";
     EXPECT_FALSE(zorXattrDataForKey(url(), u"key", &error));
     EXPECT_EQ(error, NSObject(kMissing));
-    EXPECT_EQ(zorXattrKeys(url(), &error).count(), 0u);
+    EXPECT_EQ(zorXattrKeysError(url(), &error).count(), 0u);
     EXPECT_FALSE(zorSetXattrString(url(), u"w", u"key", nullptr));
     EXPECT_FALSE(zorRemoveXattrForKey(url(), u"key", nullptr));
     file = folder.path() + "/file";
@@ -169,7 +169,7 @@ TEST_F(Xattr, RequireAPathAndAKey) {
         EXPECT_EQ(frames(error), "-[NSURL(ZORXattr) zorXattrDataForKey:error:] (67)|");
     }
     EXPECT_FALSE(zorXattrDataForKey(url(), nullptr, nullptr));
-    EXPECT_FALSE(zorXattrKeys(NSURL(), &error));
+    EXPECT_FALSE(zorXattrKeysError(NSURL(), &error));
     EXPECT_EQ(entry(error, ZORFailingObject), NSObject(NSString(u"path")));
     EXPECT_FALSE(zorRemoveXattrForKey(url(), nullptr, &error));
     EXPECT_EQ(entry(error, ZORFailingObject), NSObject(NSString(u"name")));
@@ -201,7 +201,7 @@ TEST_F(Xattr, RefuseWhatIsNoPropertyList) {
 TEST_F(Xattr, OfAMissingFileRaiseForTheMissingOperation) {
     file = folder.path() + "/missing";
     EXPECT_THROW(zorXattrDataForKey(url(), u"key", &error), NSException);
-    EXPECT_THROW(zorXattrKeys(url(), &error), NSException);
+    EXPECT_THROW(zorXattrKeysError(url(), &error), NSException);
     EXPECT_THROW(zorSetXattrString(url(), u"v", u"key", &error), NSException);
     EXPECT_THROW(zorRemoveXattrForKey(url(), u"key", &error), NSException);
     EXPECT_FALSE(zorXattrDataForKey(url(), u"key", nullptr));
@@ -230,7 +230,7 @@ TEST_F(Xattr, OfALongPathAreReadToo) {
     writeFile(file, "");
     setSystemValue("user.key", "value");
     EXPECT_EQ(zorXattrStringForKey(url(), u"key", &error).utf8(), "value");
-    EXPECT_EQ(zorXattrKeys(url(), &error).count(), 1u);
+    EXPECT_EQ(zorXattrKeysError(url(), &error).count(), 1u);
 }
 
 } // namespace

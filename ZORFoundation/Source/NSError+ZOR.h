@@ -23,6 +23,7 @@ enum : int64_t {
     ZORStringEncodingError = 501, // a text cannot be encoded in the given encoding
     ZORRequirementFailedError = 901,
     ZORUnsupportedKeyError = 1001,
+    ZORAttributeSizeChangedError = 1301, // an attribute's value changed while it was read
 };
 
 // Keys of the user information.

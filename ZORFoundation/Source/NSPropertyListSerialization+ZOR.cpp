@@ -2,17 +2,13 @@
 #include "ZORFoundation/Source/NSPropertyListSerialization+ZOR.h"
 
 #include "ZORFoundation/Source/NSData+ZOR.h"
-#include "ZORFoundation/Source/NSError+ZOR.h"
+#include "ZORFoundation/Source/ZORFailure.h"
 
 #include <string>
 
 namespace {
 
 constexpr size_t kShownBytes = 1024; // of data in an error, which may be logged
-
-void addFrame(NSError* error, const char* method, unsigned long line) {
-    if (error) *error = zorErrorByAddingStackFrame(*error, method, line);
-}
 
 } // namespace
 
@@ -22,7 +18,7 @@ NSData zorDataFromPropertyList(const NSObject& propertyList, NSPropertyListForma
     NSData data = dataWithPropertyList(propertyList, format, error);
     if (data || !error) return data;
     *error = zorErrorBySettingFailingObject(*error, propertyList);
-    addFrame(error, "+[NSPropertyListSerialization(ZOR) zorDataFromPropertyList:format:error:]", 21);
+    addFrame(error, {"+[NSPropertyListSerialization(ZOR) zorDataFromPropertyList:format:error:]", 21});
     return nullptr;
 }
 
@@ -38,11 +34,11 @@ bool zorWritePropertyList(const NSObject& propertyList, const NSURL& url, NSProp
     if (!data) {
         if (error)
             *error = zorErrorBySettingFailingObject(zorErrorBySettingFileURL(*error, url), propertyList);
-        addFrame(error, method, 38);
+        addFrame(error, {method, 38});
         return false;
     }
     if (zorWriteToURL(data, url, error)) return true;
-    addFrame(error, method, 41);
+    addFrame(error, {method, 41});
     return false;
 }
 
@@ -50,7 +46,8 @@ NSObject zorPropertyListFromData(const NSData& data, unsigned, NSPropertyListFor
     NSObject list = propertyListWithData(data.bytes(), format, error);
     if (list || !error) return list;
     *error = zorErrorBySettingFailingObject(*error, NSData(std::string(data.bytes().substr(0, kShownBytes))));
-    addFrame(error, "+[NSPropertyListSerialization(ZOR) zorPropertyListFromData:options:format:error:]", 65);
+    addFrame(error,
+             {"+[NSPropertyListSerialization(ZOR) zorPropertyListFromData:options:format:error:]", 65});
     return {};
 }
 
@@ -64,13 +61,13 @@ NSObject zorPropertyListWithContentsOfURL(const NSURL& url, unsigned options, NS
         "+[NSPropertyListSerialization(ZOR) zorPropertyListWithContentsOfURL:options:format:error:]";
     const NSData data = NSData::dataWithContentsOfURL(url, 0, error);
     if (!data) {
-        addFrame(error, method, 74);
+        addFrame(error, {method, 74});
         return {};
     }
     NSObject list = zorPropertyListFromData(data, options, format, error);
     if (list || !error) return list;
     *error = zorErrorBySettingFileURL(*error, url);
-    addFrame(error, method, 82);
+    addFrame(error, {method, 82});
     return {};
 }
 

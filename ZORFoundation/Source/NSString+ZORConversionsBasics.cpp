@@ -10,7 +10,6 @@
 #include "ZORFoundation/Source/NSString+ZORCreation.h"
 
 #include <algorithm>
-#include <unistd.h>
 #include <vector>
 
 namespace {
@@ -40,16 +39,7 @@ NSData zorDataUsingEncoding(const NSString& text, NSStringEncoding encoding, NSE
 NSURL zorFileURL(const NSString& path) { return path ? NSURL::fileURLWithPath(path) : NSURL(); }
 
 NSURL zorFastFileURL(const NSString& path) {
-    if (!path) return NSURL();
-    std::string bytes = fileSystemRepresentation(path);
-    if (!bytes.starts_with('/')) {
-        char directory[4096];
-        bytes = std::string(getcwd(directory, sizeof directory) ? directory : "") + "/" + bytes;
-    }
-    while (bytes.size() > 1 && bytes.ends_with('/')) bytes.pop_back();
-    // All that a path of a URL may have, but for ";", which would begin parameters.
-    const std::string escaped = percentEscaped(bytes, "!$&'()*+,-./:=@_~");
-    return NSURL::URLWithString(NSString::fromUTF8("file://" + escaped));
+    return path ? NSURL::fileURLWithFileSystemRepresentation(fileSystemRepresentation(path), false) : NSURL();
 }
 
 NSString zorDecodePercentEscapes(const NSString& text) {

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "Platform/Foundation/NSURLPathUtilities.h"
 #include "Platform/Foundation/StringFormat.h"
 #include "ZORFoundation/Source/NSString+ZORPaths.h"
 #include "ZORFoundation/Source/NSString+ZORTextMunging.h"
@@ -6,38 +7,63 @@
 #include "ZORFoundation/Source/ZORPrecondition.h"
 
 #include <mutex>
+#include <optional>
+#include <string>
+#include <sys/stat.h>
 
 namespace {
+
+// A name in a directory, whatever way leads to the directory.
+struct Place {
+    dev_t device = 0;
+    ino_t directory = 0; // 0: there is none, and the name is the whole path
+    NSString name;
+
+    static Place of(const NSURL& url) {
+        struct stat parent {};
+        const std::optional<std::string> path = fileSystemRepresentation(zorParent(url));
+        if (!path || stat(path->c_str(), &parent) != 0) return {0, 0, zorAbsolutePath(url)};
+        return {parent.st_dev, parent.st_ino, zorName(url)};
+    }
+    bool operator==(const Place& other) const {
+        return device == other.device && directory == other.directory && name.isEqualToString(other.name);
+    }
+};
 
 class Reservation;
 
 std::mutex lock;              // every caller holds it from start to return
 Reservation* first = nullptr; // of the living threads that have one
 
-// The name that a thread was given last.
+// The place that a thread was given last, until something stands there.
 class Reservation {
 public:
     Reservation() : next_(first) { first = this; } // under the caller's lock
     ~Reservation() {
         const std::lock_guard guard(lock);
-        Reservation** place = &first;
-        while (*place != this) place = &(*place)->next_;
-        *place = next_;
+        Reservation** link = &first;
+        while (*link != this) link = &(*link)->next_;
+        *link = next_;
     }
     Reservation(const Reservation&) = delete;
     Reservation& operator=(const Reservation&) = delete;
 
-    void setPath(const NSString& path) { path_ = path; }
+    void setPlace(const Place& place) { place_ = place; }
 
-    bool isOfAnotherThread(const NSString& path) const {
+    bool isOfAnotherThread(const Place& place) const {
         for (const Reservation* other = first; other; other = other->next_) {
-            if (other != this && other->path_.isEqualToString(path)) return true;
+            if (other != this && other->place_ == place) return true;
         }
         return false;
     }
+    static void forget(const Place& place) {
+        for (Reservation* each = first; each; each = each->next_) {
+            if (each->place_ == place) each->place_ = {};
+        }
+    }
 
 private:
-    NSString path_;
+    Place place_;
     Reservation* next_;
 };
 
@@ -72,9 +98,11 @@ NSURL zorSimilarNonExistentURL(const NSURL& url) {
     const Split name = split(url);
     NSURL candidate = url;
     for (int number = 1;; ++number) {
-        const NSString path = zorAbsolutePath(candidate);
-        if (!zorPathExists(candidate) && !mine.isOfAnotherThread(path)) {
-            mine.setPath(path);
+        const Place place = Place::of(candidate);
+        if (zorPathExists(candidate)) {
+            Reservation::forget(place);
+        } else if (!mine.isOfAnotherThread(place)) {
+            mine.setPlace(place);
             return candidate;
         }
         candidate = numbered(name, number);

@@ -8,8 +8,8 @@
 #include "ZORFoundation/Source/NSString+ZORCreation.h"
 #include "ZORFoundation/Source/NSString+ZORPaths.h"
 #include "ZORFoundation/Source/NSURL+ZORFileBasics.h"
+#include "ZORFoundation/Source/ZORFailure.h"
 #include "ZORFoundation/Source/ZORPOSIX.h"
-#include "ZORFoundation/Source/ZORPOSIXReport.h"
 
 #include <algorithm>
 #include <optional>
@@ -41,7 +41,7 @@ void setFailingKey(NSError* error, const NSString& key) {
 
 } // namespace
 
-NSArray zorXattrKeys(const NSURL& url, NSError* error) {
+NSArray zorXattrKeysError(const NSURL& url, NSError* error) {
     const NSData list = ZORPOSIX::listxattrPath(pointer(pathOf(url)), kOptions, error);
     if (!list) return {};
     std::vector<NSObject> keys;
@@ -64,7 +64,7 @@ NSData zorXattrDataForKey(const NSURL& url, const NSString& key, NSError* error)
     NSData value = ZORPOSIX::getxattrPath(pointer(path), pointer(key8), kOptions, error ? &failure : nullptr);
     if (value || !error) return value;
     *error = failure;
-    if (!zorHasDomain(failure, NSPOSIXErrorDomain, 93)) setFailingKey(error, key);
+    if (!zorHasDomain(failure, NSPOSIXErrorDomain, kMissingAttributeCode)) setFailingKey(error, key);
     return nullptr;
 }
 

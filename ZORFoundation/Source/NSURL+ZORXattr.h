@@ -13,7 +13,7 @@
 #include "Platform/Foundation/NSURL.h"
 
 // Strings in the system's order, without names that are not UTF-8; empty when there are none, nil on failure.
-NSArray zorXattrKeys(const NSURL& url, NSError* error);
+NSArray zorXattrKeysError(const NSURL& url, NSError* error);
 
 NSData zorXattrDataForKey(const NSURL& url, const NSString& key, NSError* error);
 // Strict UTF-8.

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Foundation/ExtendedAttributes.h"
+#include "ZORFoundation/Source/ZORFailure.h"
 #include "ZORFoundation/Source/ZORPOSIX.h"
-#include "ZORFoundation/Source/ZORPOSIXReport.h"
 
 #include <cerrno>
 #include <string>
@@ -9,7 +9,6 @@
 namespace {
 
 constexpr size_t kFirstOffer = 1024; // nearly every value fits
-constexpr int kNoSuchAttribute = 93;
 
 } // namespace
 
@@ -26,7 +25,7 @@ NSData ZORPOSIX::getxattrPath(const char* path, const char* name, int options, N
     ssize_t length = getAttribute(path, name, first, sizeof first, options);
     if (length >= 0) return NSData(std::string(first, size_t(length)));
     int code = platformAttributeErrno(errno);
-    if (code == kNoSuchAttribute) {
+    if (code == kMissingAttributeCode) {
         fail(error, NSError(NSPOSIXErrorDomain, code, {{NSString(ZORCodeString), NSString(u"getxattr")}}));
         return nullptr;
     }

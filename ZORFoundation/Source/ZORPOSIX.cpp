@@ -6,7 +6,7 @@
 #include "Platform/Foundation/StringFormat.h"
 #include "Platform/Foundation/UserDatabase.h"
 #include "ZORFoundation/Source/NSString+ZORCreation.h"
-#include "ZORFoundation/Source/ZORPOSIXReport.h"
+#include "ZORFoundation/Source/ZORFailure.h"
 
 #include <cerrno>
 #include <fcntl.h>

@@ -25,9 +25,6 @@
 struct stat;
 struct statfs;
 
-// Of the library's domain: an attribute's value changed while it was read.
-inline constexpr int64_t ZORAttributeSizeChangedError = 1301;
-
 namespace ZORPOSIX {
 
 // Wrappers. -------------------------------------------------------------------------------------------------
@@ -61,7 +58,8 @@ bool removexattrPath(const char* path, const char* name, int options, NSError* e
 bool setxattrPath(const char* path, const char* name, const void* value, size_t size, int options,
                   NSError* error);
 
-// Errors of failed calls, without a stack frame. Codes are the platform's numbers; a nil function is "". ----
+// Errors of failed calls, without a stack frame. Codes are the platform's numbers; a nil function is "",
+// but for the last one, which makes it "<nil>". -------------------------------------------------------------
 
 // nil becomes the null object.
 NSError errorForFunctionCodeFailingObject(const NSString& function, int64_t code, const NSObject& failing);

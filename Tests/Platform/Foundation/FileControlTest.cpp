@@ -46,6 +46,18 @@ TEST(PathOfADescriptor, IsNoneOfARemovedFile) {
     EXPECT_EQ(pathOf(fd.get()), "errno " + std::to_string(ENOENT));
 }
 
+TEST(PathOfADescriptor, IsNoneOfARemovedNameThoughTheFileHasAnother) {
+    TemporaryFolder folder;
+    const std::string name = folder.path() + "/a", other = folder.path() + "/b";
+    writeFile(name, "");
+    const FileDescriptor fd(open(name.c_str(), O_RDONLY));
+    ASSERT_EQ(link(name.c_str(), other.c_str()), 0);
+    unlink(name.c_str());
+    EXPECT_EQ(pathOf(fd.get()), "errno " + std::to_string(ENOENT));
+    writeFile(name, ""); // another file of the name
+    EXPECT_EQ(pathOf(fd.get()), "errno " + std::to_string(ENOENT));
+}
+
 TEST(PathOfADescriptor, HasALimitedLength) {
     TemporaryFolder folder;
     std::string path = folder.path();

@@ -5,9 +5,12 @@
 #include "Platform/Foundation/NSURL.h"
 #include "Tests/Support/TemporaryFolder.h"
 
+#include <atomic>
+#include <fcntl.h>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <thread>
 #include <unistd.h>
 
 namespace {
@@ -113,6 +116,30 @@ TEST_F(DataFiles, AtomicWritingReplacesTheFileAndKeepsItsPermissions) {
     stat(file("a").c_str(), &info);
     EXPECT_EQ(info.st_mode & 07777, 0640u);
     EXPECT_EQ(std::distance(fs::directory_iterator(folder.path()), fs::directory_iterator()), 1);
+}
+
+TEST_F(DataFiles, WritingNeverTouchesTheMaskOfTheProcess) {
+    const mode_t mask = umask(077);
+    std::atomic<bool> done{false};
+    std::atomic<int> openToOthers{0};
+    std::thread other([&] {
+        for (int i = 0; !done; ++i) {
+            const std::string name = file("other");
+            const int fd = open(name.c_str(), O_CREAT | O_WRONLY | O_CLOEXEC, 0666);
+            struct stat info {};
+            if (fstat(fd, &info) == 0 && (info.st_mode & 077) != 0) ++openToOthers;
+            close(fd);
+            unlink(name.c_str());
+        }
+    });
+    for (int i = 0; i < 3000; ++i) {
+        unlink(file("a").c_str());
+        EXPECT_TRUE(NSData("x").writeToFile(path("a"), NSDataWritingAtomic, &error));
+    }
+    done = true;
+    other.join();
+    umask(mask);
+    EXPECT_EQ(openToOthers, 0);
 }
 
 TEST_F(DataFiles, ANewFileFollowsTheMask) {

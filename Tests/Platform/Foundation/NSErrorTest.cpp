@@ -30,6 +30,32 @@ TEST(ErrorSentences, OfTheCocoaDomainNameThePath) {
          "The file couldn’t be opened because it isn’t in the correct format."},
         {260, "The file “x” couldn’t be opened because there is no such file.",
          "The file couldn’t be opened because there is no such file."},
+        {258, "The file “x” couldn’t be opened because the specified file name is invalid.",
+         "The file couldn’t be opened because the specified file name is invalid."},
+        {261, "The file “x” couldn’t be opened because the specified text encoding isn’t applicable.",
+         "The file couldn’t be opened because the specified text encoding isn’t applicable."},
+        {262, "The file “x” couldn’t be opened because the specified URL type isn’t supported.",
+         "The file couldn’t be opened because the specified URL type isn’t supported."},
+        {263, "The file “x” couldn’t be opened because it is too large.",
+         "The file couldn’t be opened because it is too large."},
+        {264,
+         "The file “x” couldn’t be opened because the text encoding of its contents can’t be determined.",
+         "The file couldn’t be opened because the text encoding of its contents can’t be determined."},
+        {514, "The file “x” couldn’t be saved because the file name is invalid.",
+         "The file couldn’t be saved because the file name is invalid."},
+        {516,
+         "The file “x” couldn’t be saved in the folder “y” because a file with the same name already exists.",
+         "The file couldn’t be saved because a file with the same name already exists."},
+        {518, "The file “x” couldn’t be saved because the specified URL type isn’t supported.",
+         "The file couldn’t be saved because the specified URL type isn’t supported."},
+        {640, "The file “x” couldn’t be saved in the folder “y” because there isn’t enough space.",
+         "The file couldn’t be saved because there isn’t enough space."},
+        {642, "The file “x” couldn’t be saved in the folder “y” because the volume is read only.",
+         "The file couldn’t be saved because the volume is read only."},
+        {3851, "The data couldn’t be written because an error occurred in the destination of the data.",
+         "The data couldn’t be written because an error occurred in the destination of the data."},
+        {3852, "The data couldn’t be written because an error occurred in the content of the data.",
+         "The data couldn’t be written because an error occurred in the content of the data."},
         {512, "The file “x” couldn’t be saved in the folder “y”.", "The file couldn’t be saved."},
         {513, "You don’t have permission to save the file “x” in the folder “y”.",
          "You don’t have permission to save the file."},
@@ -48,6 +74,11 @@ TEST(ErrorSentences, OfTheCocoaDomainNameThePath) {
 
 TEST(ErrorSentences, CallAFolderAFolder) {
     EXPECT_EQ(cocoa(256, u"/usr/lib").localizedDescription().utf8(), "The folder “lib” couldn’t be opened.");
+}
+
+TEST(ErrorSentences, ShowTheRootByTheNameOfItsVolume) {
+    EXPECT_EQ(cocoa(512, u"/x").localizedDescription().utf8(),
+              "The file “x” couldn’t be saved in the folder “File System”.");
 }
 
 TEST(ErrorSentences, TakeThePathOfAURL) {

@@ -34,6 +34,26 @@ TEST(StringFormat, KeepsUTF16UnitsOfObjects) {
     EXPECT_EQ(stringWithFormat("%@", NSString(odd)).text(), odd);
 }
 
+TEST(StringFormat, TakesArgumentsByTheirPosition) {
+    EXPECT_EQ(stringWithFormat("%2$@ %1$d %2$@", 7, NSString(u"é")).utf8(), "é 7 é");
+    EXPECT_EQ(stringWithFormat("%3$s|%1$05d", 7).utf8(), "(null)|00007");
+}
+
+TEST(StringFormat, TakesWidthsFromTheArguments) {
+    EXPECT_EQ(stringWithFormat("%*d|%-*d|%*d", 4, 1, 4, 2, -4, 3).utf8(), "   1|2   |3   ");
+    EXPECT_EQ(stringWithFormat("%.*f|%*.*f|%.*f", 2, 1.5, 6, 1, 1.25, -1, 1.5).utf8(),
+              "1.50|   1.2|1.500000");
+    EXPECT_EQ(stringWithFormat("%2$*1$d", 3, 7).utf8(), "  7");
+}
+
+TEST(StringFormat, KnowsThePlatformsOwnConversions) {
+    EXPECT_EQ(stringWithFormat("%C%C", u'\xD83D', u'\xDE00').utf8(), "😀");
+    EXPECT_EQ(stringWithFormat("%S", u"漢").utf8(), "漢");
+    EXPECT_EQ(stringWithFormat("%D %U %O", INT64_MIN, UINT64_MAX, 8).utf8(),
+              "-9223372036854775808 18446744073709551615 10");
+    EXPECT_EQ(stringWithFormat("%E %G %F", 1.0, 0.1, 1.5).utf8(), "1.000000E+00 0.1 1.500000");
+}
+
 TEST(StringFormat, SurvivesMissingAndMisfittingArguments) {
     EXPECT_EQ(stringWithFormat("%@ %s %d").utf8(), "(null) (null) 0");
     EXPECT_EQ(stringWithFormat("%s %d %@", 1, "x", 2.0).utf8(), "(null) 0 (null)");

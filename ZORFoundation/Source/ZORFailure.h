@@ -1,15 +1,20 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// How a wrapper of ZORPOSIX fails.
+// How methods fail through an optional slot.
 #pragma once
 
 #include "ZORFoundation/Source/NSError+ZOR.h"
 
-// The wrapper's full name and a line in it.
+// A method's full name and a line in it.
 struct ZORStackFrame {
     const char* method;
     unsigned long line;
 };
+
+// To the error that stands in the slot, if there is one.
+inline void addFrame(NSError* slot, ZORStackFrame frame) {
+    if (slot) *slot = zorErrorByAddingStackFrame(*slot, frame.method, frame.line);
+}
 
 // Puts what `build` makes, with the frame, into the slot, if there is one. Always false.
 template <class Build>
