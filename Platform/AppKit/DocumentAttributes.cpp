@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/AppKit/DocumentAttributes.h"
 
+#include "Platform/AppKit/NSColor.h"
 #include "Platform/AppKit/NSDocumentAttributes.h"
 #include "Platform/Foundation/NSArray.h"
 #include "Platform/Foundation/NSDate.h"
@@ -25,6 +26,10 @@ public:
     }
     void size(const char16_t* key, const std::optional<DocumentSize>& value) {
         if (value) set(key, NSValue(NSSize{value->width, value->height}));
+    }
+    void color(const char16_t* key, const std::optional<DocumentColor>& value) {
+        constexpr double kFull = 255;
+        if (value) set(key, NSColor(value->red / kFull, value->green / kFull, value->blue / kFull));
     }
     void words(const char16_t* key, const std::vector<std::u16string>& values) {
         if (values.empty()) return;
@@ -70,6 +75,7 @@ void addLayout(Attributes& a, const DocumentInfo& info) {
     a.number(NSViewZoomDocumentAttribute, info.viewZoom);
     a.integer(NSViewModeDocumentAttribute, info.viewMode);
     a.integer(NSReadOnlyDocumentAttribute, info.readOnly);
+    a.color(NSBackgroundColorDocumentAttribute, info.backgroundColor);
 }
 
 } // namespace

@@ -18,6 +18,10 @@ struct DocumentSize {
     double width = 0, height = 0; // points
 };
 
+struct DocumentColor {
+    uint8_t red = 0, green = 0, blue = 0;
+};
+
 // Seconds since 2001-01-01 00:00:00 UTC, fractions allowed.
 using DocumentTime = double;
 
@@ -33,6 +37,7 @@ struct DocumentInfo {
     std::optional<int> converted, viewMode, readOnly;                          // see the attribute keys
     std::optional<double> viewZoom;                                            // percent
     std::optional<DocumentSize> viewSize;                                      // points
+    std::optional<DocumentColor> backgroundColor;                              // of the pages
     std::optional<uint32_t> characterEncoding;                                 // NSStringEncoding
 };
 

@@ -39,6 +39,7 @@ inline constexpr const char16_t* NSBottomMarginDocumentAttribute = u"BottomMargi
 inline constexpr const char16_t* NSViewSizeDocumentAttribute = u"ViewSize"; // size, points
 inline constexpr const char16_t* NSViewZoomDocumentAttribute = u"ViewZoom"; // percent
 inline constexpr const char16_t* NSViewModeDocumentAttribute = u"ViewMode"; // 0 normal, 1 page layout
+inline constexpr const char16_t* NSBackgroundColorDocumentAttribute = u"BackgroundColor"; // color
 inline constexpr const char16_t* NSReadOnlyDocumentAttribute = u"ReadOnly";
 inline constexpr const char16_t* NSHyphenationFactorDocumentAttribute = u"HyphenationFactor";
 inline constexpr const char16_t* NSDefaultTabIntervalDocumentAttribute = u"DefaultTabInterval"; // points

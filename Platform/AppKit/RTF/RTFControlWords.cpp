@@ -103,6 +103,12 @@ constexpr RTFControlWord kWords[] = {
     {"min", timeField, kRTFMinute},
     {"sec", timeField, kRTFSecond},
 
+    // The background of its pages.
+    {"background", background},
+    {"sp", shapeProperty},
+    {"sn", shapePropertyPart, kRTFPropertyName},
+    {"sv", shapePropertyPart, kRTFPropertyValue},
+
     // Parts of the text.
     {"listtext", listMarker},
     {"pntext", listMarker},
@@ -136,7 +142,6 @@ constexpr RTFControlWord kWords[] = {
     {"themedata", skipped},
     {"generator", skipped},
     {"pict", skipped},
-    {"background", skipped},
     {"objdata", skipped},
     {"objclass", skipped},
     {"objname", skipped},
@@ -175,7 +180,6 @@ constexpr RTFControlWord kWords[] = {
     {"txe", skipped},
     {"pn", skipped},
     {"pnseclvl", skipped},
-    {"sp", skipped},
     {"nonshppict", skipped},
     {"shprslt", skipped},
     {"nonesttables", skipped},

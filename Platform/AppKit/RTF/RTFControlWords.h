@@ -44,11 +44,16 @@ enum class RTFAction : uint8_t {
     variants,    // two forms of the same text, the second in Unicode
     unicodeText, // that second form
     attachment,  // the name of a file beside the text
+    background,  // the shape that fills the pages
+    shapeProperty,
+    shapePropertyPart, // `value` is an RTFShapePropertyPart
 };
 
 enum RTFHidden : uint16_t { kRTFHiddenText = 1, kRTFDeletedText = 2, kRTFMovedText = 4 };
 
 enum RTFParagraphFormat : uint16_t { kRTFPageBreakBefore = 1, kRTFInTable = 2 };
+
+enum RTFShapePropertyPart : uint16_t { kRTFPropertyName, kRTFPropertyValue };
 
 enum RTFNumber : uint16_t {
     kRTFPaperWidth,

@@ -12,6 +12,11 @@ bool isBlank(char32_t c) { return c == kTab || c == u' '; }
 
 } // namespace
 
+// True where text is not shown, but parts of it tell about the document.
+bool RTFReader::isInformation(Target target) {
+    return target == Target::information || target == Target::background;
+}
+
 void RTFReader::beginDestination(const RTFControlWord& word) {
     // In the document's own group such a word is damage, and its text is all there is.
     if (groups_.size() == 1) return;
@@ -21,8 +26,7 @@ void RTFReader::beginDestination(const RTFControlWord& word) {
         return;
     }
     const Target target = group().target;
-    const bool takesParts =
-        target == Target::story || target == Target::nowhere || target == Target::information;
+    const bool takesParts = target == Target::story || target == Target::nowhere || isInformation(target);
     const bool takesVariants = takesParts || target == Target::gathered;
     const bool isPart = group().ending != Ending::nothing;
     if (word.action == RTFAction::variants ? takesVariants : takesParts && !isPart) {
@@ -35,8 +39,18 @@ void RTFReader::beginDestination(const RTFControlWord& word) {
 
 void RTFReader::beginPart(const RTFControlWord& word) {
     const bool isInInformation = group().target == Target::information;
+    const bool isInBackground = group().target == Target::background;
     switch (word.action) {
-    case RTFAction::container: group().target = Target::nowhere; break;
+    case RTFAction::container:
+        if (!isInBackground) group().target = Target::nowhere;
+        break;
+    case RTFAction::background: group().target = Target::background; break;
+    case RTFAction::shapeProperty:
+        if (!isInBackground) skipGroup();
+        break;
+    case RTFAction::shapePropertyPart:
+        isInBackground ? beginGathering(Ending::shapePropertyPart, word.value) : skipGroup();
+        break;
     case RTFAction::info:
         group().target = Target::information;
         group().font = RTFFonts::kNoFont;
@@ -69,7 +83,7 @@ void RTFReader::beginPart(const RTFControlWord& word) {
 
 void RTFReader::beginStory(Ending ending) {
     // What is anchored in hidden text is hidden, whatever the formatting inside it.
-    if (group().hidden != 0 || group().target == Target::information) return skipGroup();
+    if (group().hidden != 0 || isInformation(group().target)) return skipGroup();
     group().target = Target::story;
     group().ending = ending;
     ending == Ending::note ? story_.beginNote() : story_.beginTextBox();
@@ -106,6 +120,9 @@ void RTFReader::endPart(const Group& ended) {
         return;
     case Ending::time: info_.endTime(RTFTime(ended.endingValue)); return;
     case Ending::listMarker: endListMarker(); return;
+    case Ending::shapePropertyPart:
+        info_.setBackground(RTFShapePropertyPart(ended.endingValue), std::exchange(gathered_, {}));
+        return;
     case Ending::note: story_.endNote(); break;
     case Ending::textBox: story_.endTextBox(); break;
     }

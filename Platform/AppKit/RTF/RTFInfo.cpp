@@ -3,8 +3,11 @@
 
 #include "Platform/AppKit/Keywords.h"
 #include "Platform/Foundation/CalendarDate.h"
+#include "Platform/Foundation/UnicodeText.h"
 
 #include <algorithm>
+#include <charconv>
+#include <string>
 #include <string_view>
 #include <utility>
 
@@ -26,6 +29,17 @@ std::optional<DocumentTime> localTime(const RTFTimeFields& fields) {
         !isWithin(date.minute, 0, 59) || !isWithin(date.second, 0, 59))
         return std::nullopt;
     return referenceTimeOfLocal(date);
+}
+
+// A color is a number with red in its lowest byte, green and blue above it. One with more is an index of some
+// table.
+std::optional<DocumentColor> colorValue(std::u16string_view text) {
+    uint32_t number = 0;
+    const std::string digits = toUTF8(text);
+    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
+    if (error != std::errc() || end != digits.data() + digits.size() || number > 0xFFFFFF)
+        return std::nullopt;
+    return DocumentColor{uint8_t(number), uint8_t(number >> 8), uint8_t(number >> 16)};
 }
 
 } // namespace
@@ -50,6 +64,16 @@ void RTFInfo::setString(RTFInfoString string, std::u16string text) {
     case kRTFCategory: info_.category = std::move(text); break;
     case kRTFCopyright: info_.copyright = std::move(text); break;
     case kRTFOperator: info_.editor = std::move(text); break;
+    }
+}
+
+void RTFInfo::setBackground(RTFShapePropertyPart part, std::u16string text) {
+    if (part == kRTFPropertyName) {
+        backgroundProperty_ = std::move(text);
+    } else if (backgroundProperty_ == u"fillColor") {
+        info_.backgroundColor = colorValue(text);
+    } else if (backgroundProperty_ == u"fFilled") {
+        backgroundIsFilled_ = text != u"0";
     }
 }
 
@@ -84,6 +108,7 @@ DocumentInfo RTFInfo::finish() && {
     info_.modificationTime = localTime(modificationTime_);
 
     finishView();
+    if (!backgroundIsFilled_) info_.backgroundColor.reset();
     if (info_.comment.empty()) info_.comment = std::move(makersComment_);
     return std::move(info_);
 }

@@ -24,6 +24,9 @@ public:
 
     void setString(RTFInfoString string, std::u16string text);
 
+    // The properties of the shape that fills the pages come each as its name and then its value.
+    void setBackground(RTFShapePropertyPart part, std::u16string text);
+
     // A time is begun, told field by field, and ended; one that no calendar has is left out.
     void beginTime() { time_ = {}; }
     void setTimeField(RTFTimeField field, int32_t value) { time_[field] = value; }
@@ -38,5 +41,7 @@ private:
     DocumentInfo info_;
     std::u16string makersComment_;
     std::array<std::optional<int32_t>, kRTFNumberCount> numbers_;
+    std::u16string backgroundProperty_; // whose value comes next
+    bool backgroundIsFilled_ = true;
     RTFTimeFields time_{}, creationTime_{}, modificationTime_{};
 };

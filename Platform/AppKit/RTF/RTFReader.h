@@ -40,15 +40,16 @@ private:
         gathered,    // to `gathered_`; nothing inside it is a destination
         fontTable,   // likewise
         variants,    // likewise, but for the variant in Unicode
+        background,  // nowhere, but the properties of the shape count
     };
 
     // What the end of a group brings about.
-    enum class Ending : uint8_t { nothing, infoString, time, listMarker, note, textBox };
+    enum class Ending : uint8_t { nothing, infoString, time, listMarker, note, textBox, shapePropertyPart };
 
     struct Group {
         Target target = Target::story;
         Ending ending = Ending::nothing;
-        uint8_t endingValue = 0; // an RTFInfoString or an RTFTime
+        uint8_t endingValue = 0; // an RTFInfoString, an RTFTime or an RTFShapePropertyPart
         uint8_t hidden = 0;      // of RTFHidden
         uint8_t paragraph = 0;   // of RTFParagraphFormat
         uint16_t font = RTFFonts::kNoFont;
@@ -68,6 +69,7 @@ private:
     void symbol(std::string_view symbol);
     void text(std::string_view bytes);
 
+    static bool isInformation(Target target);
     void beginDestination(const RTFControlWord& word);
     void beginPart(const RTFControlWord& word);
     void beginStory(Ending ending);

@@ -122,6 +122,7 @@ TEST(DocumentAttributes, AreInThePlatformsKeysAndTypes) {
     info.converted = -1;
     info.viewMode = 1;
     info.readOnly = 1;
+    info.backgroundColor = DocumentColor{255, 0, 51};
     info.viewZoom = 150;
     info.viewSize = {100, 200};
     info.characterEncoding = 0x80000632;
@@ -156,6 +157,7 @@ TEST(DocumentAttributes, AreInThePlatformsKeysAndTypes) {
         {u"Converted", "NSNumber", "-1"},
         {u"ViewMode", "NSNumber", "1"},
         {u"ReadOnly", "NSNumber", "1"},
+        {u"BackgroundColor", "NSColor", "NSCalibratedRGBColorSpace 1 0 0.2 1"},
         {u"ViewZoom", "NSNumber", "150"},
         {u"ViewSize", "NSValue", "NSSize: {100, 200}"},
         {u"CharacterEncoding", "NSNumber", "2147485234"},

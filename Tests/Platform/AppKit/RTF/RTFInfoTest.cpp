@@ -173,4 +173,40 @@ TEST(RTFInfo, readsSwitchesAndDamagedNumbers) {
     EXPECT_EQ(infoOf("\\paperw2147483647").paperSize->width, 2147483647 / 20.0);
 }
 
+// A document with a shape of these properties behind its pages.
+std::string withBackground(const std::string& properties) {
+    return "{\\*\\background{\\shp{\\*\\shpinst\\shpleft0" + properties + "}}}x";
+}
+
+TEST(RTFInfo, hasTheColorOfTheShapeBehindThePages) {
+    const std::string type = "{\\sp{\\sn shapeType}{\\sv 1}}", filled = "{\\sp{\\sn fFilled}{\\sv 1}}";
+    const DocumentContents contents = contentsOf(
+        "{\\rtf1 " + withBackground(type + "{\\sp{\\sn fillColor}{\\sv 13395507}}" + filled) + "}");
+    ASSERT_TRUE(contents.info.backgroundColor);
+    EXPECT_EQ(contents.info.backgroundColor->red, 0x33);
+    EXPECT_EQ(contents.info.backgroundColor->green, 0x66);
+    EXPECT_EQ(contents.info.backgroundColor->blue, 0xCC);
+    EXPECT_EQ(contents.text, u"x");
+    EXPECT_TRUE(infoOf(withBackground("{\\sp{\\sn fillColor}{\\sv 0}}")).backgroundColor);
+}
+
+TEST(RTFInfo, hasNoColorWhereThePagesHaveNone) {
+    for (const char* properties :
+         {"", "{\\sp{\\sn fillColor}{\\sv 255}}{\\sp{\\sn fFilled}{\\sv 0}}", "{\\sp{\\sn fillColor}}",
+          "{\\sp{\\sn fillColor}{\\sv red}}", "{\\sp{\\sn fillColor}{\\sv 134217733}}",
+          "{\\sp{\\sn fillColor}{\\sv -1}}", "{\\sp{\\sn lineColor}{\\sv 255}}"})
+        EXPECT_FALSE(infoOf(withBackground(properties)).backgroundColor) << properties;
+    // A shape on the page is none behind it.
+    EXPECT_FALSE(infoOf("{\\shp{\\*\\shpinst{\\sp{\\sn fillColor}{\\sv 255}}}}").backgroundColor);
+}
+
+TEST(RTFInfo, showsNoTextOfTheShapeBehindThePages) {
+    EXPECT_EQ(
+        contentsOf("{\\rtf1 a" +
+                   withBackground("{\\shptxt no\\par}{\\footnote no}{\\info{\\title no}}{\\result no}no") +
+                   "}")
+            .text,
+        u"ax");
+}
+
 } // namespace
