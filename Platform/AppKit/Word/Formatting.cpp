@@ -45,7 +45,9 @@ Formatting::Paragraph Formatting::paragraphAt(const Piece& piece, uint32_t offse
         modifiers.apply(slice(far, 2, uint16At(far, 0)), isOld_);
     }
     pieces_.apply(piece, modifiers);
-    Paragraph paragraph{modifiers.endsRow, modifiers.endsInnerRow, styles_.properties(run.style).list};
+    const StyleSheet::Properties style = styles_.properties(run.style);
+    const bool beginsPage = !modifiers.isInTable && modifiers.beginsPage.value_or(style.beginsPage);
+    Paragraph paragraph{modifiers.endsRow, modifiers.endsInnerRow, beginsPage, style.list};
     paragraph.list.add(modifiers.membership);
     return paragraph;
 }

@@ -28,6 +28,7 @@ public:
     };
     struct Paragraph {
         bool endsRow = false, endsInnerRow = false;
+        bool beginsPage = false;
         ListMembership list;
     };
 

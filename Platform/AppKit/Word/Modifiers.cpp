@@ -16,6 +16,8 @@ enum Code : uint16_t {
     kPlain = 0x2A33,
     kSymbol = 0x6A09,
 
+    kBeginsPage = 0x2407,
+    kInTable = 0x2416,
     kEndsRow = 0x2417,
     kEndsInnerRow = 0x244C,
     kList = 0x460B,
@@ -137,6 +139,8 @@ void ParagraphModifiers::apply(std::string_view list, bool isOld) {
     ModifierReader reader(list, isOld);
     for (Modifier modifier; reader.next(modifier);) {
         switch (modifier.code) {
+        case kBeginsPage: beginsPage = modifier.byte() != 0; break;
+        case kInTable: isInTable = modifier.byte() != 0; break;
         case kEndsRow: endsRow = modifier.byte() != 0; break;
         case kEndsInnerRow: endsInnerRow = modifier.byte() != 0; break;
         case kList: membership.list = modifier.number(); break;

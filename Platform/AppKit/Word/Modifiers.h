@@ -64,8 +64,10 @@ struct ListMembership {
 
 // Of the properties of paragraphs those that matter for the text.
 struct ParagraphModifiers {
-    bool endsRow = false;              // the cell mark of this paragraph ends the row of a table
-    bool endsInnerRow = false;         // the paragraph mark ends the row of a nested table
+    bool endsRow = false;      // the cell mark of this paragraph ends the row of a table
+    bool endsInnerRow = false; // the paragraph mark ends the row of a nested table
+    bool isInTable = false;
+    std::optional<bool> beginsPage;
     std::optional<uint32_t> farOffset; // more modifiers lie in the stream "Data", there
     ListMembership membership;
 

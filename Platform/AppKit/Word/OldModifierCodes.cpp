@@ -37,8 +37,10 @@ OldModifier oldModifier(uint8_t code) {
                      [&](const LengthRange& candidate) { return code <= candidate.last; });
     uint8_t length = range->length;
     switch (code) {
+    case 9: return {0x2407, length}; // begins a page
     case 12: return {kOldNumbering, length};
     case 13: return {kOldNumberingLevel, length};
+    case 24: return {0x2416, length};  // in a table
     case 25: return {0x2417, length};  // ends a row
     case 65: return {0x0800, length};  // deleted
     case 74: return {0x6A09, length};  // symbol

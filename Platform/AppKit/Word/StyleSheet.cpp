@@ -56,6 +56,7 @@ StyleSheet::Style StyleSheet::readStyle(std::string_view description, size_t bas
     style.hidden = characters.hidden;
     style.font = characters.font;
     style.list = paragraphs.membership;
+    style.beginsPage = paragraphs.beginsPage;
     return style;
 }
 
@@ -71,6 +72,7 @@ StyleSheet::Properties StyleSheet::properties(uint16_t style) const {
         const Style& next = styles_[chain[--depth]];
         properties.hidden = isOn(next.hidden, properties.hidden);
         if (next.font) properties.font = next.font;
+        if (next.beginsPage) properties.beginsPage = *next.beginsPage;
         properties.list.add(next.list);
     }
     return properties;

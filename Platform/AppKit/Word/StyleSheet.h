@@ -18,6 +18,7 @@ public:
     // What a style and those under it say together.
     struct Properties {
         bool hidden = false;
+        bool beginsPage = false;
         std::optional<uint16_t> font;
         ListMembership list;
     };
@@ -34,6 +35,7 @@ private:
     struct Style {
         uint16_t base = 0;
         Toggle hidden = Toggle::asStyle;
+        std::optional<bool> beginsPage;
         std::optional<uint16_t> font;
         ListMembership list;
     };

@@ -237,6 +237,7 @@ void TextReader::endParagraph(const Place& place) {
     Formatting::Paragraph paragraph = formatting_.paragraphAt(place.piece, place.offset);
     if (paragraph.endsRow || paragraph.endsInnerRow) return;
     setListMarker(paragraph.list);
+    if (paragraph.beginsPage) beginPage();
     story_.endParagraph();
     paragraphStart_ = story_.current().size();
 }
@@ -250,9 +251,21 @@ bool TextReader::isSectionEnd(uint32_t position) {
 // The mark of a page break lies within a paragraph, that of a section's end ends one.
 void TextReader::endPageOrSection(const Place& place) {
     bool endsSection = isInMainStory_ && isSectionEnd(place.position);
-    if (endsSection) setListMarker(formatting_.paragraphAt(place.piece, place.offset).list);
+    if (endsSection) {
+        Formatting::Paragraph paragraph = formatting_.paragraphAt(place.piece, place.offset);
+        setListMarker(paragraph.list);
+        if (paragraph.beginsPage) beginPage();
+    }
     story_.pageBreak();
     if (endsSection) paragraphStart_ = story_.current().size();
+}
+
+// The paragraph that ends here was to begin a page. The document's first does anyway, and so does one behind
+// a break.
+void TextReader::beginPage() {
+    std::u16string& text = story_.current();
+    if (!isInMainStory_ || paragraphStart_ == 0 || text[paragraphStart_ - 1] == kPageBreak) return;
+    text.insert(paragraphStart_, 1, kPageBreak);
 }
 
 // Only its end tells what a paragraph is; the marker is moved in front of the text then.

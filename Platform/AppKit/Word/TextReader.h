@@ -51,6 +51,7 @@ private:
     void endParagraph(const Place& place);
     void endPageOrSection(const Place& place);
     bool isSectionEnd(uint32_t position); // of the main story, ascending
+    void beginPage();
     void setListMarker(const ListMembership& list);
     SymbolFont symbolFontOf(const Place& place, const Formatting::Characters& characters);
     uint16_t unitAt(const Place& place) const;

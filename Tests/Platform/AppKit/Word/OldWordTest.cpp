@@ -142,4 +142,11 @@ TEST(OldWord, ReadsTheBareStreamsOfWord2) {
     EXPECT_EQ(statusOf(bytes.substr(0, 0x40)), ReadStatus::wrongKind);
 }
 
+TEST(OldWord, BeginsAPageBeforeAParagraphThatAsksForOne) {
+    WordDocumentWriter document(WordLayout::word6);
+    document.paragraph(u"one").paragraph(u"two", oldModifier(9, {1}));
+    document.paragraph(u"three", oldModifier(9, {1}) + oldModifier(24, {1}));
+    EXPECT_EQ(textOf(document), u"one\n\ftwo\nthree\n");
+}
+
 } // namespace

@@ -164,4 +164,36 @@ TEST(WordText, StopsAtTheDeadline) {
     EXPECT_LT(contents.text.size(), 3000u * 5);
 }
 
+TEST(WordText, BeginsAPageBeforeAParagraphThatAsksForOne) {
+    const std::string begins = modifier(0x2407, {1}), beginsNot = modifier(0x2407, {0});
+    auto document = [&] {
+        WordDocumentWriter writer;
+        writer.style({}).style({false, 0, {}, begins}).style({false, 1, {}, {}});
+        return writer;
+    };
+    struct {
+        const char* name;
+        std::string paragraph;
+        unsigned style;
+        std::u16string_view text;
+    } const cases[] = {
+        {"own modifier", begins, 0, u"one\n\ftwo\n"},
+        {"style", {}, 1, u"one\n\ftwo\n"},
+        {"style below", {}, 2, u"one\n\ftwo\n"},
+        {"taken back", beginsNot, 1, u"one\ntwo\n"},
+        {"in a table", begins + modifier(0x2416, {1}), 0, u"one\ntwo\n"},
+        {"list item", begins + inList(1), 0, u"one\n\ftwo\n"},
+    };
+    for (const auto& c : cases) {
+        WordDocumentWriter writer = document();
+        writer.paragraph(u"one").paragraph(u"two", c.paragraph, c.style);
+        EXPECT_EQ(textOf(writer), c.text) << c.name;
+    }
+    WordDocumentWriter first = document();
+    EXPECT_EQ(textOf(first.paragraph(u"one", begins)), u"one\n");
+    WordDocumentWriter section = document();
+    section.text(u"one").mark(u'\f').endSection().paragraph(u"two", begins).endSection();
+    EXPECT_EQ(textOf(section), u"one\ftwo\n");
+}
+
 } // namespace
