@@ -126,11 +126,15 @@ std::u16string ListNumbering::headingMarker(int level, bool restarts, std::optio
     return !style.levels[index].showsNumber() ? std::u16string() : marker(style, outline_, index);
 }
 
-std::u16string ListNumbering::marker(const ListStyle& style, const Sequence& sequence, size_t level) {
+std::u16string ListNumbering::marker(const ListStyle& style, const Sequence& sequence, size_t level) const {
     const ListLevel& shown = style.levels[level];
     if (shown.kind == ListLevel::Kind::undefined) return {};
     std::u16string text = shown.prefix;
-    if (shown.kind == ListLevel::Kind::bullet) return text + shown.bullet + shown.suffix;
+    if (shown.kind == ListLevel::Kind::bullet) {
+        const SymbolFont symbols = styles_.symbolFontOfText(shown.textStyle);
+        for (char16_t unit : shown.bullet) text += signOf(symbols, unit);
+        return text + shown.suffix;
+    }
 
     size_t count = size_t(std::clamp(shown.displayLevels, 1, int(level) + 1));
     bool isFirst = true;

@@ -76,7 +76,7 @@ private:
     std::shared_ptr<Sequence> sequenceFor(const ListStart& start) const;
     static void remember(SequenceTable& table, std::string_view key,
                          const std::shared_ptr<Sequence>& sequence);
-    static std::u16string marker(const ListStyle& style, const Sequence& sequence, size_t level);
+    std::u16string marker(const ListStyle& style, const Sequence& sequence, size_t level) const;
 
     const StyleBook& styles_;
     std::vector<OpenList> lists_;

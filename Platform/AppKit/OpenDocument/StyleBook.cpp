@@ -83,6 +83,15 @@ std::optional<bool> StyleBook::textIsHidden(std::string_view name) const {
     return hidden;
 }
 
+SymbolFont StyleBook::symbolFontOfText(std::string_view name) const {
+    std::optional<SymbolFont> symbols;
+    inherit(textStyles_, name, [&](const Style& style) {
+        symbols = style.symbols;
+        return !symbols;
+    });
+    return symbols.value_or(SymbolFont::none);
+}
+
 const ListStyle* StyleBook::listStyle(std::string_view name) const { return found(listStyles_, name); }
 
 SymbolFont StyleBook::symbolFont(std::string_view name) const {

@@ -22,6 +22,7 @@ struct Style {
     std::optional<std::string> listStyle; // empty: explicitly none
     std::string masterPage;               // starts a new page
     std::optional<bool> hidden, breaksBefore, breaksAfter;
+    std::optional<SymbolFont> symbols;
 };
 
 // What a paragraph style and its parents say together.
@@ -37,6 +38,7 @@ struct ListLevel {
     NumberFormat format = {NumberFormat::Kind::none};
     int displayLevels = 1, start = 1;
     std::u16string prefix, bullet, suffix;
+    std::string textStyle; // of the marker
 
     bool showsNumber() const { return format.kind != NumberFormat::Kind::none; }
 };
@@ -70,6 +72,7 @@ public:
     ParagraphLook paragraph(std::string_view name) const;
     // Nothing when neither the style nor a parent says.
     std::optional<bool> textIsHidden(std::string_view name) const;
+    SymbolFont symbolFontOfText(std::string_view style) const;
     // Null when there is no such style.
     const ListStyle* listStyle(std::string_view name) const;
     const ListStyle& outlineStyle() const { return outlineStyle_; }

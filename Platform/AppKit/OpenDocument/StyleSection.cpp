@@ -30,6 +30,7 @@ void readListLevel(Element element, const XMLAttributes& attributes, ListLevel& 
     level.bullet.clear();
     if (element == Element::bulletLevel) {
         level.kind = ListLevel::Kind::bullet;
+        level.textStyle = attributes.value(kText, "style-name");
         level.bullet = fromUTF8(attributes.value(kText, "bullet-char"));
     } else {
         level.kind = ListLevel::Kind::number;
@@ -129,14 +130,19 @@ bool StyleSection::startStyle(const XMLAttributes& attributes) {
 }
 
 void StyleSection::readProperties(const XMLAttributes& attributes) {
+    const std::string_view family = attributes.value(kFormat, "font-family"),
+                           fontName = attributes.value(kStyle, "font-name");
+    const SymbolFont symbols =
+        family.empty() ? book_.symbolFont(fontName) : symbolFontNamed(firstFamily(family));
+    const bool namesFont = !family.empty() || !fontName.empty();
     if (listLevel_ != nullptr) {
-        SymbolFont font = symbolFontNamed(firstFamily(attributes.value(kFormat, "font-family")));
-        if (font == SymbolFont::none) font = book_.symbolFont(attributes.value(kStyle, "font-name"));
-        for (char16_t& unit : listLevel_->bullet) unit = signOf(font, unit);
+        if (namesFont) listLevel_->textStyle.clear();
+        for (char16_t& unit : listLevel_->bullet) unit = signOf(symbols, unit);
     } else if (pageLayout_ != nullptr) {
         readPageProperties(attributes, *pageLayout_);
     } else if (style_ != nullptr) {
         readTextProperties(attributes, *style_);
+        if (namesFont) style_->symbols = symbols;
     }
 }
 

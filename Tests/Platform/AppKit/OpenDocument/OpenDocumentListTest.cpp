@@ -192,4 +192,24 @@ TEST(OpenDocumentLists, showTheSignsOfSymbolFontsForBullets) {
     }
 }
 
+TEST(OpenDocumentLists, showTheSignsOfSymbolFontsThatTheirTextStylesHave) {
+    auto style = [](const char* name, const char* parent, const char* properties) {
+        return std::string("<style:style style:family='text' style:name='") + name +
+               "' style:parent-style-name='" + parent + "'><style:text-properties " + properties +
+               "/></style:style>";
+    };
+    auto shown = [&](const char* textStyle) {
+        return textOf(list("B", item("a")),
+                      "<office:styles><text:list-style style:name='B'><text:list-level-style-bullet "
+                      "text:level='1' text:bullet-char='&#xF0B7;' text:style-name='" +
+                          std::string(textStyle) + "'/></text:list-style>" +
+                          style("Sign", "", "style:font-name='Symbol'") + style("Child", "Sign", "") +
+                          style("Letter", "Sign", "fo:font-family='Arial'") + "</office:styles>");
+    };
+    EXPECT_EQ(shown("Sign"), u"\t\u2022\ta\n");
+    EXPECT_EQ(shown("Child"), u"\t\u2022\ta\n");
+    EXPECT_EQ(shown("Letter"), u"\t\uF0B7\ta\n");
+    EXPECT_EQ(shown("None"), u"\t\uF0B7\ta\n");
+}
+
 } // namespace
