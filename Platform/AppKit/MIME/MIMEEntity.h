@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// A message in the format of mail and of saved web pages, or a part of one: fields of a header, an empty line,
-// and a body, which can hold further parts. The bytes must outlive the entity and its parts.
+// A message in the format of mail and of saved web pages, or a part of one: fields of a header, an empty
+// line, and a body, which can hold further parts. The bytes must outlive the entity and its parts.
 //
-// Any bytes are an entity; damaged ones give what can be told. Names and media types are compared without case.
+// Any bytes are an entity; damaged ones give what can be told. Names and media types are compared without
+// case.
 #pragma once
 
 #include <cstddef>
