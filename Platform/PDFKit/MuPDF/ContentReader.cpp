@@ -82,7 +82,7 @@ fz_buffer* ContentReader::decoded(pdf_obj* contents) {
         while (size_t size = fz_available(context_, stream, 65536)) {
             fz_append_data(context_, buffer, stream->rp, size);
             stream->rp += size;
-            checkTime();
+            checkClock();
             if (fz_buffer_storage(context_, buffer, nullptr) > kMostContent) break;
         }
     }
@@ -101,7 +101,7 @@ bool ContentReader::mayEnter(pdf_obj* form) const {
 }
 
 void ContentReader::readForm(pdf_obj* form, pdf_obj* resources) {
-    checkTime();
+    checkClock();
     if (!mayEnter(form)) return;
     fz_matrix matrix = pdf_xobject_matrix(context_, form);
     pdf_obj* own = pdf_xobject_resources(context_, form);
@@ -130,6 +130,7 @@ void ContentReader::setFont(const char* name, pdf_font_desc* font, double size) 
     if (!font || !font->encoding) return;
     pen_.state.font = fonts_.find(font);
     if (pen_.state.font) return;
+    checkClock(); // a font has just been loaded
     pdf_obj* known = pdf_dict_get(context_, resources_.back(), PDF_NAME(Font));
     pdf_obj* toUnicode = pdf_dict_get(context_, pdf_dict_gets(context_, known, name), PDF_NAME(ToUnicode));
     contained(context_, [&] { pen_.state.font = fonts_.add(font, toUnicode); });
@@ -234,6 +235,10 @@ void ContentReader::endReplacement() {
 
 void ContentReader::checkTime() {
     if (limit_.passed()) fz_throw(context_, FZ_ERROR_ABORT, "the time is up");
+}
+
+void ContentReader::checkClock() {
+    if (limit_.passedByClock()) fz_throw(context_, FZ_ERROR_ABORT, "the time is up");
 }
 
 void ContentReader::install(pdf_processor& processor) {

@@ -46,7 +46,8 @@ private:
     void endMarked();
     void leaveMarks(size_t depth) noexcept;
     void endReplacement();
-    void checkTime();
+    void checkTime();  // at every operator
+    void checkClock(); // at those that may take long
 
     static void install(pdf_processor& processor);
     static ContentReader& of(pdf_processor* processor);

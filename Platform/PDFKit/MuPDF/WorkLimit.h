@@ -24,9 +24,12 @@ public:
         return !passed_;
     }
 
-    // Whether the page's time is up. Cheap enough for inner loops.
-    bool passed() {
-        if (!passed_ && (++questions_ & 0xFF) == 0) passed_ = now() >= pageEnd_;
+    // Whether the page's time is up. Cheap enough for inner loops, since few of the questions read the clock.
+    bool passed() { return (++questions_ & 0xFF) == 0 ? passedByClock() : passed_; }
+
+    // The same at the price of reading the clock, before work that may be long.
+    bool passedByClock() {
+        if (!passed_) passed_ = now() >= pageEnd_;
         return passed_;
     }
 

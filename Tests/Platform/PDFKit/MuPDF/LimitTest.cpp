@@ -88,6 +88,33 @@ TEST_F(Limit, EndsFormsThatMultiply) {
     EXPECT_EQ(textOf(writer.write()), u"before\ninnermost");
 }
 
+TEST_F(Limit, EndsFormsThatAreLong) {
+    PDFWriter writer;
+    int form = writer.addStream(deflated(deflated(std::string(20'000'000, ' '))),
+                                "/Type/XObject/Subtype/Form/BBox[0 0 9 9]/Filter[/FlateDecode/FlateDecode]");
+    writer.addPage(kBefore + repeated("/X Do ", 10'000),
+                   "/Resources<</Font<</F 3 0 R>>/XObject<</X " + reference(form) + ">>>>");
+    EXPECT_EQ(textOf(writer.write()), u"before");
+}
+
+TEST_F(Limit, EndsFontsThatAreLong) {
+    PDFWriter writer;
+    int table = writer.addStream(
+        deflated(deflated("begincmap 1 begincodespacerange <00><FF> endcodespacerange 100 beginbfrange " +
+                          repeated("<00><FF><0041> ", 300'000) + "endbfrange endcmap")),
+        "/Filter[/FlateDecode/FlateDecode]");
+    std::string fonts, content;
+    for (int i = 0; i < 1000; ++i) {
+        std::string name = "/F" + std::to_string(i);
+        fonts += name + " " +
+                 reference(writer.add("<</Type/Font/Subtype/Type1/BaseFont/Courier/ToUnicode " +
+                                      reference(table) + "/Number " + std::to_string(i) + ">>"));
+        content += "BT " + name + " 10 Tf 50 600 Td (x) Tj ET ";
+    }
+    writer.addPage(kBefore + content, "/Resources<</Font<</F 3 0 R" + fonts + ">>>>");
+    EXPECT_EQ(textOf(writer.write()).substr(0, 6), u"before");
+}
+
 TEST_F(Limit, LeavesNothingToPagesPastTheEnd) {
     PDFWriter writer;
     int content =
