@@ -48,5 +48,6 @@ function(add_texttool_module name)
         OUTPUT_NAME ${name} PREFIX "" LIBRARY_OUTPUT_DIRECTORY ${TEXTTOOL_MODULE_FOLDER}
         CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
     target_link_options(${name}Module PRIVATE -Wl,--exclude-libs,ALL)
+    set_property(GLOBAL APPEND PROPERTY TEXTTOOL_MODULES ${name}Module)
     install(TARGETS ${name}Module LIBRARY DESTINATION lib/texttool)
 endfunction()
