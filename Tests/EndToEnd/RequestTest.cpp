@@ -93,8 +93,6 @@ TEST_F(Request, WithoutAReaderLogsTheReasonAndAnswersNothing) {
     const std::pair<const char*, const char*> kinds[] = {
         {"WebArchivePath", "web archives"},
         {"PDFPath", "PDF documents"},
-        {"QTPath", "audio and video"},
-        {"ImagePath", "images"},
         {"SpotlightPath", "files of any kind through importers"}};
     std::string file = write("document", "bytes");
     for (const auto& [key, kind] : kinds) {

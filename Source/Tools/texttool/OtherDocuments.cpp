@@ -23,6 +23,4 @@ void refuse(const char16_t* requestKey, bool (*exists)(const NSString&), const c
 
 void handleWebArchive() { refuse(u"WebArchivePath", zorFileExists, "web archives"); }
 void handlePDF() { refuse(u"PDFPath", zorFileExists, "PDF documents"); }
-void handleQT() { refuse(u"QTPath", zorFileExists, "audio and video"); }
-void handleImage() { refuse(u"ImagePath", zorFileExists, "images"); }
 void handleSpotlight() { refuse(u"SpotlightPath", zorPathExists, "files of any kind through importers"); }

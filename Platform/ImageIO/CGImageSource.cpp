@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "Platform/ImageIO/CGImageSource.h"
+
+#include "Platform/Foundation/FileDescriptor.h"
+#include "Platform/Foundation/Module.h"
+#include "Platform/Foundation/NSArray.h"
+#include "Platform/Foundation/NSPathUtilities.h"
+#include "Platform/ImageIO/CGImageProperties.h"
+#include "Platform/ImageIO/ImageReader.h"
+
+#include <fcntl.h>
+
+namespace {
+
+ImageReader imageReader(NSString* why) {
+    static NSString failure;
+    static const auto reader = reinterpret_cast<ImageReader>(moduleEntry("ImageIO", &failure));
+    if (!reader && why) *why = failure;
+    return reader;
+}
+
+NSObject objectOfField(const ImageField& field) {
+    if (!field.isArray) return NSString(field.values.front());
+    std::vector<NSObject> strings;
+    for (const std::u16string& value : field.values) strings.push_back(NSString(value));
+    return NSArray(std::move(strings));
+}
+
+NSDictionary propertiesOfFields(const std::vector<ImageField>& fields) {
+    NSMutableDictionary properties;
+    for (const char16_t* name : {kCGImagePropertyIPTCDictionary, kCGImagePropertyTIFFDictionary}) {
+        NSMutableDictionary dictionary;
+        for (const ImageField& field : fields) {
+            if (field.dictionary == std::u16string_view(name) && !field.values.empty())
+                dictionary.setObject(objectOfField(field), NSString(field.key));
+        }
+        if (dictionary.count() != 0) properties.setObject(std::move(dictionary).copy(), NSString(name));
+    }
+    return std::move(properties).copy();
+}
+
+} // namespace
+
+bool CGImageSourceIsAvailable(NSString* why) { return imageReader(why) != nullptr; }
+
+CGImageSource CGImageSourceCreateWithURL(const NSURL& url) {
+    CGImageSource source;
+    const ImageReader read = imageReader(nullptr);
+    if (!read || !url.isFileURL()) return source;
+    // Without blocking: what was a file when it was looked at may be a pipe by now.
+    const FileDescriptor file(
+        open(fileSystemRepresentation(url.path()).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    std::vector<ImageField> fields;
+    if (file && read(file.get(), fields)) source.properties_ = propertiesOfFields(fields);
+    return source;
+}
+
+NSDictionary CGImageSourceCopyPropertiesAtIndex(const CGImageSource& source, size_t index) {
+    return index == 0 ? source.properties_ : NSDictionary();
+}
