@@ -20,7 +20,7 @@ struct Space {
 
 // In the order of MediaKeySpace.
 constexpr Space kSpaces[] = {
-    {AVMetadataKeySpaceCommon, nullptr},
+    {AVMetadataKeySpaceCommon, nullptr}, // field names have no space of their own
     {AVMetadataKeySpaceiTunes, AVMetadataFormatiTunesMetadata},
     {AVMetadataKeySpaceQuickTimeMetadata, AVMetadataFormatQuickTimeMetadata},
     {AVMetadataKeySpaceQuickTimeUserData, AVMetadataFormatQuickTimeUserData},

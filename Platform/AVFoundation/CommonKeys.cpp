@@ -2,7 +2,6 @@
 #include "Platform/AVFoundation/CommonKeys.h"
 
 #include "Platform/AVFoundation/AVMetadataKeys.h"
-#include "Platform/Foundation/NSString.h"
 
 #include <algorithm>
 #include <iterator>
@@ -32,17 +31,42 @@ constexpr CommonKey kCommonKeys[] = {
     {AVMetadataCommonKeyArtwork, {"covr", "artwork", "", "", "APIC"}},
 };
 
-const char16_t* ownKey(std::string_view key) {
-    for (const CommonKey& row : kCommonKeys) {
-        if (NSString(row.common).utf8() == key) return row.common;
-    }
-    return nullptr;
+struct FieldName {
+    std::string_view name;
+    const char16_t* common;
+};
+
+constexpr FieldName kFieldNames[] = {
+    {"TITLE", AVMetadataCommonKeyTitle},
+    {"COMPOSER", AVMetadataCommonKeyCreator},
+    {"GROUPING", AVMetadataCommonKeySubject},
+    {"CONTENTGROUP", AVMetadataCommonKeySubject},
+    {"SUBJECT", AVMetadataCommonKeySubject},
+    {"DESCRIPTION", AVMetadataCommonKeyDescription},
+    {"SUBTITLE", AVMetadataCommonKeyDescription},
+    {"LABEL", AVMetadataCommonKeyPublisher},
+    {"PUBLISHER", AVMetadataCommonKeyPublisher},
+    {"ORGANIZATION", AVMetadataCommonKeyPublisher},
+    {"ORIGINALARTIST", AVMetadataCommonKeyContributor},
+    {"SOURCE", AVMetadataCommonKeySource},
+    {"LOCATION", AVMetadataCommonKeyLocation},
+    {"COPYRIGHT", AVMetadataCommonKeyCopyrights},
+    {"ALBUM", AVMetadataCommonKeyAlbumName},
+    {"LYRICIST", AVMetadataCommonKeyAuthor},
+    {"AUTHOR", AVMetadataCommonKeyAuthor},
+    {"ARTIST", AVMetadataCommonKeyArtist},
+};
+
+const char16_t* commonKeyForFieldName(std::string_view name) {
+    const auto* row = std::find_if(std::begin(kFieldNames), std::end(kFieldNames),
+                                   [&](const FieldName& candidate) { return candidate.name == name; });
+    return row == std::end(kFieldNames) ? nullptr : row->common;
 }
 
 } // namespace
 
 const char16_t* commonKeyForKey(MediaKeySpace space, std::string_view key) {
-    if (space == MediaKeySpace::common) return ownKey(key);
+    if (space == MediaKeySpace::fieldName) return commonKeyForFieldName(key);
     if (space == MediaKeySpace::quickTimeMetadata) {
         constexpr std::string_view prefix = "com.apple.quicktime.";
         if (key.substr(0, prefix.size()) != prefix) return nullptr;

@@ -10,7 +10,7 @@
 #include <vector>
 
 enum class MediaKeySpace : uint8_t {
-    common,            // "title", of containers whose own keys have no space here
+    fieldName,         // "TITLE": names in capitals, as Vorbis comments and Matroska tags have them
     iTunes,            // "@nam": four characters, "@" for the byte A9
     quickTimeMetadata, // "com.apple.quicktime.title"
     quickTimeUserData, // "@nam"
@@ -24,7 +24,7 @@ struct OpaqueValue {};
 using MediaValue = std::variant<OpaqueValue, std::u16string, int64_t>;
 
 struct MediaItem {
-    MediaKeySpace space = MediaKeySpace::common;
+    MediaKeySpace space = MediaKeySpace::fieldName;
     std::string key; // ASCII
     MediaValue value;
 };
