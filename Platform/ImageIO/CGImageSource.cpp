@@ -31,7 +31,7 @@ NSDictionary propertiesOfFields(const std::vector<ImageField>& fields) {
     for (const char16_t* name : {kCGImagePropertyIPTCDictionary, kCGImagePropertyTIFFDictionary}) {
         NSMutableDictionary dictionary;
         for (const ImageField& field : fields) {
-            if (field.dictionary == std::u16string_view(name) && !field.values.empty())
+            if (field.dictionary == name && !field.values.empty())
                 dictionary.setObject(objectOfField(field), NSString(field.key));
         }
         if (dictionary.count() != 0) properties.setObject(std::move(dictionary).copy(), NSString(name));

@@ -7,9 +7,9 @@
 #include <vector>
 
 struct ImageField {
-    const char16_t* dictionary; // kCGImageProperty...Dictionary
-    const char16_t* key;        // a name in that dictionary
-    bool isArray;               // whether the field can be repeated
+    std::u16string dictionary; // kCGImageProperty...Dictionary
+    std::u16string key;        // a name in that dictionary
+    bool isArray = false;      // whether the field can be repeated
     std::vector<std::u16string> values;
 };
 

@@ -45,7 +45,7 @@ private:
             if (packet.starts_with(mark)) comment = packet.substr(mark.size());
         }
         addVorbisComment(comment, items);
-        isDone_ = !comment.empty() || (count_ >= kHeaderPackets && !isFLAC_);
+        isDone_ = !comment.empty() || count_ >= kHeaderPackets;
     }
 
     std::string packet_;
