@@ -16,7 +16,7 @@ public:
         add(uint64_t(text.size()));
         bytes_ += text;
     }
-    void add(std::u16string_view text) {
+    void add(const std::u16string& text) {
         add(std::string_view(reinterpret_cast<const char*>(text.data()), text.size() * sizeof(char16_t)));
     }
     std::string take() { return std::move(bytes_); }

@@ -2,22 +2,15 @@
 #include "Platform/ImageIO/CGImageSource.h"
 
 #include "Platform/Foundation/FileDescriptor.h"
-#include "Platform/Foundation/Module.h"
 #include "Platform/Foundation/NSArray.h"
+#include "Platform/Foundation/NSLog.h"
 #include "Platform/Foundation/NSPathUtilities.h"
 #include "Platform/ImageIO/CGImageProperties.h"
-#include "Platform/ImageIO/ImageReader.h"
+#include "Platform/ImageIO/ContainedImageReader.h"
 
 #include <fcntl.h>
 
 namespace {
-
-ImageReader imageReader(NSString* why) {
-    static NSString failure;
-    static const auto reader = reinterpret_cast<ImageReader>(moduleEntry("ImageIO", &failure));
-    if (!reader && why) *why = failure;
-    return reader;
-}
 
 NSObject objectOfField(const ImageField& field) {
     if (!field.isArray) return NSString(field.values.front());
@@ -41,17 +34,17 @@ NSDictionary propertiesOfFields(const std::vector<ImageField>& fields) {
 
 } // namespace
 
-bool CGImageSourceIsAvailable(NSString* why) { return imageReader(why) != nullptr; }
-
 CGImageSource CGImageSourceCreateWithURL(const NSURL& url) {
     CGImageSource source;
-    const ImageReader read = imageReader(nullptr);
-    if (!read || !url.isFileURL()) return source;
+    if (!url.isFileURL()) return source;
     // Without blocking: what was a file when it was looked at may be a pipe by now.
     const FileDescriptor file(
         open(fileSystemRepresentation(url.path()).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     std::vector<ImageField> fields;
-    if (file && read(file.get(), fields)) source.properties_ = propertiesOfFields(fields);
+    NSString why;
+    const ImageStatus status = file ? readImageContained(file.get(), fields, why) : ImageStatus::noImage;
+    if (status == ImageStatus::noReader) NSLog(why);
+    if (status == ImageStatus::read) source.properties_ = propertiesOfFields(fields);
     return source;
 }
 

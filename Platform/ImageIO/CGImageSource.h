@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// An image file, of which only the descriptive properties are read, never a pixel. The reader lies in the
-// module "ImageIO", which is loaded when a source is first made.
+// An image file, of which only the descriptive properties are read, never a pixel.
 #pragma once
 
 #include "Platform/Foundation/NSDictionary.h"
@@ -21,10 +20,8 @@ private:
     NSDictionary properties_; // of image 0
 };
 
-// Whether images can be read at all; if not, a sentence in `why` names the module that is missing.
-bool CGImageSourceIsAvailable(NSString* why);
-
-// No source when the file cannot be read or is not an image.
+// No source when the file cannot be read or is not an image; or when the module that reads images is missing,
+// which is logged.
 CGImageSource CGImageSourceCreateWithURL(const NSURL& url);
 
 // The properties of one image of the source by the names of CGImageProperties.h: a dictionary of IPTC fields

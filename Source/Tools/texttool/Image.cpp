@@ -48,11 +48,6 @@ NSArray tiffKeys() {
 
 // The properties of the file's first image; nil when it is none.
 NSDictionary propertiesOfImage(const NSString& path) {
-    NSString why;
-    if (!CGImageSourceIsAvailable(&why)) {
-        NSLog(why);
-        return nullptr;
-    }
     CGImageSource source = CGImageSourceCreateWithURL(NSURL::fileURLWithPath(path));
     if (!source) return nullptr;
     NSDictionary properties = CGImageSourceCopyPropertiesAtIndex(source, 0);
