@@ -20,11 +20,12 @@ bool isUpper(char16_t c) {
 
 bool isLetter(char16_t c) { return isLower(c) || isUpper(c); }
 
-// Symbols that people type.
+bool isQuotationMark(char16_t c) { return c >= 0x2018 && c <= 0x201D && c != 0x201A && c != 0x201B; }
+
+// Other symbols that people type.
 bool isUsualSymbol(char16_t c) {
-    return std::u16string_view(
-               u"\u2018\u2019\u201C\u201D\u2013\u2014\u2026\u2022\u00A9\u00AE\u2122\u00B0\u00AB\u00BB"
-               u"\u00A0\u00A1\u00BF\u00A3\u20AC\u00A7\u00B4")
+    return std::u16string_view(u"\u2013\u2014\u2026\u2022\u00A9\u00AE\u2122\u00B0\u00AB\u00BB"
+                               u"\u00A0\u00A1\u00BF\u00A3\u20AC\u00A7\u00B4")
                .find(c) != std::u16string_view::npos;
 }
 
@@ -40,6 +41,8 @@ int likelihood(std::u16string_view text) {
         } else if (isLetter(c)) {
             if (isLetter(before) || isLetter(after)) score += 1;
             if (isUpper(c) && isLower(before)) score -= 2;
+        } else if (isQuotationMark(c)) {
+            if (isLetter(before) || isLetter(after)) score += 1;
         } else if (!isUsualSymbol(c)) {
             score -= 1;
         }
