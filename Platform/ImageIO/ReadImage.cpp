@@ -154,19 +154,17 @@ void prepareLibrary() {
     (void)isReady;
 }
 
-template <class MakeIO>
-bool readImage(ByteSource& source, std::vector<ImageField>& fields, const MakeIO& makeIO) {
+// `from` names the image to the library: a path, or bytes and their number.
+template <class... From>
+bool readImage(ByteSource& source, std::vector<ImageField>& fields, const From&... from) {
     if (!mayBeImage(source)) return false;
     try {
         prepareLibrary();
-        auto io = makeIO();
-        const int type = Exiv2::ImageFactory::getType(*io);
+        const int type = Exiv2::ImageFactory::getType(from...);
         if (!isImageType(type)) return false;
-        auto image = Exiv2::ImageFactory::open(io);
+        auto image = Exiv2::ImageFactory::open(from...);
         image->readMetadata();
-        if (type == Exiv2::ImageType::gif) {
-            Exiv2::XmpParser::decode(image->xmpData(), xmpOfGIF(source));
-        }
+        if (type == Exiv2::ImageType::gif) Exiv2::XmpParser::decode(image->xmpData(), xmpOfGIF(source));
         addFields(fields, image->iptcData(), image->exifData(), image->xmpData());
         return true;
     } catch (const std::exception&) {
@@ -178,15 +176,11 @@ bool readImage(ByteSource& source, std::vector<ImageField>& fields, const MakeIO
 
 bool readImageFile(int file, std::vector<ImageField>& fields) {
     FileSource source(file);
-    return readImage(source, fields, [&] {
-        return Exiv2::BasicIo::AutoPtr(new Exiv2::FileIo("/proc/self/fd/" + std::to_string(file)));
-    });
+    // The library takes what looks like an address for one; this cannot.
+    return readImage(source, fields, "/proc/self/fd/" + std::to_string(file));
 }
 
 bool readImageBytes(std::string_view bytes, std::vector<ImageField>& fields) {
     MemorySource source(bytes);
-    return readImage(source, fields, [&] {
-        return Exiv2::BasicIo::AutoPtr(
-            new Exiv2::MemIo(reinterpret_cast<const Exiv2::byte*>(bytes.data()), long(bytes.size())));
-    });
+    return readImage(source, fields, reinterpret_cast<const Exiv2::byte*>(bytes.data()), long(bytes.size()));
 }

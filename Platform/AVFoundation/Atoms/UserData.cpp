@@ -83,7 +83,7 @@ private:
     void readInternationalText(const Atom& atom) {
         const std::string bytes = body(atom);
         std::string_view list = bytes;
-        if (list.substr(4, 4) == "data") {
+        if (list.size() >= 8 && list.substr(4, 4) == "data") {
             const MediaValue value = valueOfDataAtom(source_, atom.body.part(8), true, allowance_);
             add(MediaKeySpace::quickTimeUserData, atom.type, value);
             return;

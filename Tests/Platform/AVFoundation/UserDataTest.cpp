@@ -65,6 +65,13 @@ TEST(UserData, TakesTextWithoutAnyHeader) {
     EXPECT_EQ(quickTime(atom("@nam", "Title")), (Texts{{"@nam", "Title"}}));
 }
 
+TEST(UserData, TakesTextsOfAnyLength) {
+    for (size_t length = 0; length < 12; ++length) {
+        const std::string text = std::string("abcdefghijkl").substr(0, length);
+        EXPECT_EQ(quickTime(atom("@nam", text)), (Texts{{"@nam", text}})) << length;
+    }
+}
+
 TEST(UserData, TakesADataAtomInsideOfAnInternationalOne) {
     EXPECT_EQ(quickTime(atom("@nam", dataAtom(1, "Title"))), (Texts{{"@nam", "Title"}}));
 }
