@@ -18,7 +18,7 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-constexpr char kComplete = '.'; // behind every whole answer
+constexpr int kWorkIsDone = 86; // unlike any status with which a library would end the process
 
 void limit(__rlimit_resource resource, rlim_t value) {
     const rlimit both{value, value};
@@ -60,10 +60,8 @@ void writeAll(int file, const std::string& bytes) {
     limit(RLIMIT_CORE, 0);
     endAfter(limits.processorTime);
     limit(RLIMIT_DATA, dataInUse() + limits.memory);
-    writeAll(answerPipe, work() + kComplete);
-    // The end of the answer need not wait for the end of the process.
-    close(answerPipe);
-    _exit(0);
+    writeAll(answerPipe, work());
+    _exit(kWorkIsDone);
 }
 
 // Reads to the end of the pipe. False when time or the allowance ran out.
@@ -96,12 +94,10 @@ bool runContained(const std::function<std::string()>& work, std::string& answer,
     if (child < 0) return false;
     if (child == 0) beChild(ends[1], work, limits);
     writeEnd = FileDescriptor();
-    if (readAnswer(ends[0], answer, limits) && answer.ends_with(kComplete)) {
-        answer.pop_back();
-        return true;
+    const bool isComplete = readAnswer(ends[0], answer, limits);
+    if (!isComplete) kill(child, SIGKILL);
+    int status = 0;
+    while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
     }
-    kill(child, SIGKILL);
-    while (waitpid(child, nullptr, 0) < 0 && errno == EINTR) {
-    }
-    return false;
+    return isComplete && WIFEXITED(status) && WEXITSTATUS(status) == kWorkIsDone;
 }

@@ -16,7 +16,7 @@ struct ContainmentLimits {
     size_t answer = 64 << 20;    // bytes
 };
 
-// Does the work in a child process, which prints nothing and ends by itself or is ended. True and in `answer`
+// Does the work in a child process, which prints nothing and is gone in the end. True and in `answer`
 // what the work returned; false when the child crashed, took more than it may, or could not be started.
 bool runContained(const std::function<std::string()>& work, std::string& answer,
                   const ContainmentLimits& limits = ContainmentLimits());

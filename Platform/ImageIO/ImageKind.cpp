@@ -23,6 +23,27 @@ bool hasPNGChunks(ByteSource& source) {
     return true;
 }
 
+// The place of the next marker; the end of the source when there is none so far that it is worth a search.
+uint64_t nextMarker(ByteSource& source, uint64_t at) {
+    constexpr size_t kSearchLimit = 64 << 10;
+    if (source.bigEndian(at, 1) == 0xFF) return at;
+    const size_t found = source.bytes(at, kSearchLimit).find('\xFF');
+    return found == std::string::npos ? source.size() : at + found;
+}
+
+// Whether segments lie one behind the other, to the picture or to where the file was cut off.
+bool hasJPEGSegments(ByteSource& source, uint64_t at) {
+    for (unsigned count = 0; count < kChunkLimit; ++count) {
+        const uint64_t place = nextMarker(source, at);
+        if (place + 2 > source.size()) return at + (64 << 10) >= source.size();
+        const uint64_t marker = source.bigEndian(place + 1, 1);
+        if (marker == 0xDA || marker == 0xD9) return true;
+        const bool isAlone = marker == 0x00 || marker == 0x01 || (marker >= 0xD0 && marker <= 0xD7);
+        at = marker == 0xFF ? place + 1 : place + 2 + (isAlone ? 0 : source.bigEndian(place + 2, 2));
+    }
+    return false;
+}
+
 // Brands of the base media format that stand for still images; the others are films.
 bool isImageBrand(const std::string& brand) {
     constexpr std::string_view brands[] = {"heic", "heix", "heim", "heis", "hevc", "mif1",
@@ -35,6 +56,10 @@ bool isImageBrand(const std::string& brand) {
 bool mayBeImage(ByteSource& source) {
     const std::string start = source.bytes(0, 12);
     if (start.substr(0, 8) == kPNGSignature) return hasPNGChunks(source);
+    if (start.substr(0, 2) == "\xFF\xD8") return hasJPEGSegments(source, 2);
+    if (start.substr(0, 7) == "\xFF\x01"
+                              "Exiv2")
+        return hasJPEGSegments(source, 7);
     if (start.size() == 12 && start.substr(4, 4) == "ftyp") return isImageBrand(start.substr(8));
     return true;
 }

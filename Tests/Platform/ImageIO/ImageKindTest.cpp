@@ -38,6 +38,21 @@ TEST(ImageKind, IsAPNGWhoseChunksFollowEachOther) {
     EXPECT_FALSE(mayBe(many));
 }
 
+TEST(ImageKind, IsAJPEGWhoseSegmentsFollowEachOther) {
+    const std::string jpeg = jpegFile(iptcDataset(2, 90, "Bern")), zeros(100'000, '\0');
+    EXPECT_TRUE(mayBe(jpeg));
+    EXPECT_TRUE(mayBe(jpeg.substr(0, 30))) << "cut off";
+    EXPECT_TRUE(mayBe(jpeg + zeros)) << "behind the end";
+    EXPECT_TRUE(mayBe("\xFF\xD8" + zeros.substr(0, 1000) + jpeg.substr(2))) << "with rubbish in it";
+    EXPECT_TRUE(mayBe("\xFF\xD8\xFF\xFF\xFF" + jpeg.substr(2))) << "with filling bytes";
+    EXPECT_FALSE(mayBe("\xFF\xD8" + zeros));
+    EXPECT_FALSE(mayBe(jpeg.substr(0, jpeg.size() - 2) + zeros));
+    EXPECT_FALSE(mayBe("\xFF\xD8" + std::string(200'000, '\xFF') + zeros));
+    EXPECT_FALSE(mayBe("\xFF\x01"
+                       "Exiv2" +
+                       zeros));
+}
+
 TEST(ImageKind, FindsThePacketOfAGIF) {
     EXPECT_EQ(xmp(gifFile("<x/>")), "<x/>");
     std::string behindThePicture = "GIF87a\1\0\1\0\0\0\0,\0\0\0\0\1\0\1\0\x80"s + std::string(6, 'c') +
