@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// The entry of the module for images. The module links exiv2, which is under the GPL, version 2 or later:
-// what is built of this file and given out is under that licence.
+// The entry of the module for images. The module links exiv2, which is under the GPL, version 2 or later;
+// what is built with it and given out is under the GPL, version 3 or later, which admits the licence of this
+// file.
 #include "Platform/Foundation/Module.h"
 #include "Platform/ImageIO/ReadImage.h"
 
