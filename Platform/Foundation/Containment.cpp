@@ -5,7 +5,8 @@
 
 #include <cerrno>
 #include <csignal>
-#include <cstdio>
+#include <cstdlib>
+#include <cstring>
 #include <fcntl.h>
 #include <poll.h>
 #include <sys/prctl.h>
@@ -25,13 +26,14 @@ void limit(__rlimit_resource resource, rlim_t value) {
     setrlimit(resource, &both);
 }
 
-// Bytes of data that the process has already.
+// Bytes of data that the process has already: the sixth number, in pages.
 rlim_t dataInUse() {
     char text[256] = {};
     const FileDescriptor file(open("/proc/self/statm", O_RDONLY | O_CLOEXEC));
-    unsigned long pages = 0;
-    if (read(file.get(), text, sizeof text - 1) > 0) sscanf(text, "%*u %*u %*u %*u %*u %lu", &pages);
-    return rlim_t(pages) * rlim_t(sysconf(_SC_PAGESIZE));
+    if (read(file.get(), text, sizeof text - 1) <= 0) return 0;
+    const char* number = text;
+    for (int i = 0; i < 5 && number; ++i) number = strchr(number + 1, ' ');
+    return number ? strtoul(number, nullptr, 10) * rlim_t(sysconf(_SC_PAGESIZE)) : 0;
 }
 
 // Of processor time; the signal's own action ends the process.

@@ -41,9 +41,17 @@ void readMovie(ByteSource& source, ByteRange movie, AtomAllowance& allowance, st
 
 void readAtoms(ByteSource& source, AtomAllowance& allowance, std::vector<MediaItem>& items) {
     AtomList atoms(source, {0, source.size()}, allowance);
+    bool hasMovie = false;
     for (Atom atom; atoms.next(atom);) {
         switch (atom.type) {
-        case atomType("moov"): readMovie(source, atom.body, allowance, items); break;
+        case atomType("moov"):
+            readMovie(source, atom.body, allowance, items);
+            hasMovie = true;
+            break;
+        // Behind a movie's first fragment come thousands of others and nothing else.
+        case atomType("moof"):
+            if (hasMovie) return;
+            break;
         case atomType("udta"): readUserData(source, atom.body, allowance, items); break;
         case atomType("meta"): readItemList(source, atom.body, allowance, items); break;
         default: break;

@@ -7,6 +7,7 @@
 namespace {
 
 constexpr unsigned kPageLimit = 1024;         // pages of 64 KiB at most, and covers are part of comments
+constexpr unsigned kDataPageLimit = 64;       // of streams whose comments are known
 constexpr unsigned kHeaderPackets = 3;        // of the codecs with most of them
 constexpr unsigned kHeaderLength = 27;        // of a page, before the lengths of its segments
 constexpr unsigned kFirstPageOfStream = 0x02; // a flag
@@ -58,12 +59,14 @@ private:
 bool readOggFile(ByteSource& source, ByteRange range, std::vector<MediaItem>& items) {
     std::map<uint64_t, OggStream> streams; // by their serial numbers
     ByteRange page = range;
+    unsigned dataPages = 0;
     for (unsigned count = 0; count < kPageLimit && source.bytes(page.begin, 4) == "OggS"; ++count) {
         const auto flags = unsigned(source.bigEndian(page.begin + 5, 1));
         const bool allDone = std::all_of(streams.begin(), streams.end(),
                                          [](const auto& entry) { return entry.second.isDone(); });
         if (!(flags & kFirstPageOfStream) && allDone) break;
         OggStream& stream = streams[source.littleEndian(page.begin + 14, 4)];
+        if (stream.isDone() && ++dataPages > kDataPageLimit) break;
         const std::string lengths =
             source.bytes(page.begin + kHeaderLength, size_t(source.bigEndian(page.begin + 26, 1)));
         page = page.part(kHeaderLength + lengths.size());

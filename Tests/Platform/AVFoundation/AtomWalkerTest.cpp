@@ -81,6 +81,12 @@ TEST(AtomWalker, ReadsWhatIsThereOfAFileThatWasCutOff) {
     EXPECT_EQ(iTunes(file.substr(0, file.size() - 400)), kFound);
 }
 
+TEST(AtomWalker, EndsAtTheFirstFragmentBehindTheMovie) {
+    const std::string fragment = atom("moof", "") + atom("mdat", "sound");
+    EXPECT_EQ(iTunes(atom("ftyp", "iso5") + atom("moov", kTitle) + fragment + atom("moov", kTitle)), kFound);
+    EXPECT_EQ(iTunes(atom("styp", "msdh") + fragment + atom("moov", kTitle)), kFound);
+}
+
 TEST(AtomWalker, DoesNotReadTheMetadataOfTracks) {
     EXPECT_EQ(iTunes(movieFile(atom("trak", kTitle))), Texts());
 }

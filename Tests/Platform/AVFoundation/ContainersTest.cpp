@@ -118,6 +118,13 @@ TEST(Ogg, PutsPacketsTogetherOverPages) {
               (Texts{{"TITLE", std::string(600, 't')}}));
 }
 
+TEST(Ogg, DoesNotLookThroughTheSoundForOtherComments) {
+    std::string file =
+        oggPage(1, 2, {"fishead"}) + oggPage(2, 2, {"OpusHead"}) + oggPage(2, 0, {"OpusTags" + kComment});
+    for (int i = 0; i < 100; ++i) file += oggPage(2, 0, {"sound"});
+    EXPECT_EQ(fields(file + oggPage(1, 0, {"\3vorbis" + vorbisComment({"TITLE=late"})})), kCommentFound);
+}
+
 TEST(Ogg, KeepsTheFieldsInFrontOfDamage) {
     std::string comment = vorbisComment({"TITLE=Title", "ARTIST=Artist"});
     comment.replace(comment.find("ARTIST") - 4, 4, littleEndian(0xFFFFFFFF, 4));
