@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: Apache-2.0
-"""Runs programs as processes of their own and measures them. What `compare` and `large` share."""
+"""Runs programs as processes of their own and measures them. What the scripts share."""
 import collections
 import os
 import subprocess

@@ -51,3 +51,11 @@ function(add_texttool_module name)
     set_property(GLOBAL APPEND PROPERTY TEXTTOOL_MODULES ${name}Module)
     install(TARGETS ${name}Module LIBRARY DESTINATION lib/texttool)
 endfunction()
+
+# For a module whose library is C++ itself and brings the C++ runtime as a shared library: one copy of the runtime
+# must throw and catch the library's exceptions.
+function(use_shared_runtime target)
+    get_target_property(options ${target} LINK_OPTIONS)
+    list(REMOVE_ITEM options -static-libstdc++ -static-libgcc)
+    set_target_properties(${target} PROPERTIES LINK_OPTIONS "${options}")
+endfunction()

@@ -83,8 +83,8 @@ TEST_F(Extract, OfAMissingFileOrAnEmptyPathFails) {
 }
 
 TEST_F(Extract, SaysWhenThereIsNoRecord) {
-    write("a.png", "\x89PNG\r\n\x1A\n");
-    ToolResult result = extract({"a.png"});
+    write("a.txt", "text");
+    ToolResult result = extract({"a.txt"});
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.output.find("There is no record. The tool logged:\n"), 0u) << result.output;
     EXPECT_NE(result.output.find("NSGenericException: "), std::string::npos);

@@ -4,6 +4,8 @@
 #include "Tests/EndToEnd/EndToEnd.h"
 
 #include "Platform/Foundation/NSPathUtilities.h"
+#include "Tests/Support/ImageWriter.h"
+#include "Tests/Support/MediaWriter.h"
 
 #include <filesystem>
 
@@ -66,6 +68,36 @@ TEST_F(Module, IsFoundBesideAProgramThatWasMoved) {
     fs::copy_file(built / "HTML.so", path("lib/texttool/HTML.so"));
     ToolResult result = requestToCopy("HTMLPath", write("a.html", "<title>moved</title>"));
     EXPECT_EQ(stringIn(recordOf(result.output), u"title"), "moved");
+}
+
+// Media and images do without their modules: an empty success, and a line in the log.
+void expectEmptySuccess(const ToolResult& result, const std::string& module) {
+    EXPECT_EQ(recordOf(result.output).count(), 6u) << module;
+    EXPECT_EQ(stringIn(recordOf(result.output), u"string"), "") << module;
+    const std::vector<std::string> lines = logLines(result);
+    ASSERT_EQ(lines.size(), 1u) << module;
+    EXPECT_EQ(lines[0].find("The module “" + module + "” can’t be loaded: "), 0u) << lines[0];
+}
+
+TEST_F(Module, ForMediaAndImagesIsNotMissedInARecord) {
+    const std::string movie = write("a.m4a", movieFile("")), image = write("a.jpg", jpegFile("")),
+                      sound = write("a.flac", "fLaC");
+    expectEmptySuccess(requestToCopy("QTPath", movie), "AVFoundation");
+    expectEmptySuccess(requestToCopy("ImagePath", image), "ImageIO");
+    for (const char* module : {"AVFoundation", "ImageIO"})
+        write(std::string("lib/texttool/") + module + ".so", "not a library");
+    expectEmptySuccess(requestToCopy("QTPath", movie), "AVFoundation");
+    expectEmptySuccess(requestToCopy("ImagePath", image), "ImageIO");
+}
+
+TEST_F(Module, ForFurtherTagsIsLoadedOnlyForThem) {
+    const fs::path built = fs::path(TEXTTOOL_PROGRAM).parent_path().parent_path() / "lib/texttool";
+    fs::copy_file(built / "AVFoundation.so", path("lib/texttool/AVFoundation.so"));
+    const std::string movie = write("a.mov", movieFile(atom("udta", atom("@nam", languageText(0, "Title")))));
+    const ToolResult result = requestToCopy("QTPath", movie);
+    EXPECT_EQ(stringIn(recordOf(result.output), u"title"), "Title");
+    EXPECT_EQ(logLines(result), std::vector<std::string>());
+    expectEmptySuccess(requestToCopy("QTPath", write("a.flac", "fLaC1234")), "AudioTags");
 }
 
 } // namespace

@@ -22,6 +22,4 @@ void refuse(const char16_t* requestKey, bool (*exists)(const NSString&), const c
 } // namespace
 
 void handleWebArchive() { refuse(u"WebArchivePath", zorFileExists, "web archives"); }
-void handleQT() { refuse(u"QTPath", zorFileExists, "audio and video"); }
-void handleImage() { refuse(u"ImagePath", zorFileExists, "images"); }
 void handleSpotlight() { refuse(u"SpotlightPath", zorPathExists, "files of any kind through importers"); }

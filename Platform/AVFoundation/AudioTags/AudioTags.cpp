@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "Platform/AVFoundation/AudioTags/AudioTags.h"
+
+#include "Platform/AVFoundation/AudioTags/BoundedStream.h"
+#include "Platform/Foundation/UnicodeText.h"
+
+#include <apefile.h>
+#include <asffile.h>
+#include <flacfile.h>
+#include <id3v2framefactory.h>
+#include <memory>
+#include <mpcfile.h>
+#include <mpegfile.h>
+#include <stdexcept>
+#include <tpropertymap.h>
+#include <trueaudiofile.h>
+#include <wavpackfile.h>
+
+namespace {
+
+using TagLib::ID3v2::FrameFactory;
+
+// Without the properties of the sound, which would need its data.
+std::unique_ptr<TagLib::File> fileOfKind(AudioTagsKind kind, TagLib::IOStream* stream) {
+    switch (kind) {
+    case AudioTagsKind::none: break;
+    case AudioTagsKind::flac:
+        return std::make_unique<TagLib::FLAC::File>(stream, FrameFactory::instance(), false);
+    case AudioTagsKind::monkeysAudio: return std::make_unique<TagLib::APE::File>(stream, false);
+    case AudioTagsKind::musepack: return std::make_unique<TagLib::MPC::File>(stream, false);
+    case AudioTagsKind::wavPack: return std::make_unique<TagLib::WavPack::File>(stream, false);
+    case AudioTagsKind::trueAudio:
+        return std::make_unique<TagLib::TrueAudio::File>(stream, FrameFactory::instance(), false);
+    case AudioTagsKind::windowsMedia: return std::make_unique<TagLib::ASF::File>(stream, false);
+    case AudioTagsKind::atTheEnd:
+        return std::make_unique<TagLib::MPEG::File>(stream, FrameFactory::instance(), false);
+    }
+    return nullptr;
+}
+
+std::u16string textOf(const TagLib::String& string) { return fromUTF8(string.to8Bit(true)); }
+
+} // namespace
+
+void readAudioTags(int file, AudioTagsKind kind, std::vector<MediaItem>& items) {
+    try {
+        BoundedStream stream(file);
+        const std::unique_ptr<TagLib::File> tagged = fileOfKind(kind, &stream);
+        // Asking a file that could not be read for its tags ends badly.
+        if (!tagged || !tagged->isValid()) return;
+        const TagLib::PropertyMap properties = tagged->properties();
+        for (const auto& [name, values] : properties) {
+            for (const TagLib::String& value : values)
+                items.push_back({MediaKeySpace::fieldName, name.to8Bit(), textOf(value)});
+        }
+    } catch (const std::exception&) {
+        // A file that the library cannot read has no tags.
+    }
+}

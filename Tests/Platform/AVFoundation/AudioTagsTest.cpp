@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "Platform/AVFoundation/AudioTags/AudioTags.h"
+
+#include "Platform/AVFoundation/AudioTags/BoundedStream.h"
+#include "Platform/Foundation/FileDescriptor.h"
+#include "Tests/Platform/AVFoundation/MediaItems.h"
+#include "Tests/Support/MediaWriter.h"
+#include "Tests/Support/TemporaryFolder.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace std::string_literals;
+
+class AudioTags : public testing::Test {
+protected:
+    int open(std::string_view bytes) {
+        const std::string path = folder.path() + "/file";
+        writeFile(path, bytes);
+        file = FileDescriptor(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+        return file.get();
+    }
+
+    // By the kind that its bytes have.
+    Texts tags(std::string_view bytes) {
+        const ReadResult front = readBytes(bytes);
+        std::vector<MediaItem> items;
+        readAudioTags(open(bytes), front.rest, items);
+        return textsIn(items, MediaKeySpace::fieldName);
+    }
+
+    TemporaryFolder folder;
+    FileDescriptor file;
+};
+
+std::string flacBlock(unsigned type, std::string_view body) {
+    return bigEndian(type, 1) + bigEndian(body.size(), 3) + std::string(body);
+}
+
+std::string apeItem(std::string_view key, std::string_view value) {
+    return littleEndian(value.size(), 4) + littleEndian(0, 4) + std::string(key) + '\0' + std::string(value);
+}
+
+std::string apeTag(std::string_view items, unsigned count) {
+    return std::string(items) + "APETAGEX" + littleEndian(2000, 4) + littleEndian(items.size() + 32, 4) +
+           littleEndian(count, 4) + littleEndian(0, 4) + std::string(8, '\0');
+}
+
+std::string field(std::string_view text, size_t length) {
+    return std::string(text) + std::string(length - text.size(), '\0');
+}
+
+std::string id3Version1() {
+    return "TAG" + field("Caf\xE9", 30) + field("Artist", 30) + field("Album", 30) + "2001" + field("", 30) +
+           "\x0C";
+}
+
+TEST_F(AudioTags, OfFLACAreItsComments) {
+    const std::string file =
+        "fLaC" + flacBlock(0, std::string(34, '\0')) +
+        flacBlock(0x84, vorbisComment({"TITLE=Caf\xC3\xA9", "ARTIST=One", "ARTIST=Two"})) + "\xFF\xF8";
+    EXPECT_EQ(tags(file), (Texts{{"ARTIST", "One"}, {"ARTIST", "Two"}, {"TITLE", "Café"}}));
+}
+
+TEST_F(AudioTags, AtTheEndAreReadWithoutAKnownContainer) {
+    const std::string sound(2000, 's');
+    EXPECT_EQ(tags(sound + apeTag(apeItem("Title", "Caf\xC3\xA9") + apeItem("Artist", "A"), 2)),
+              (Texts{{"ARTIST", "A"}, {"TITLE", "Café"}}));
+    const Texts old = tags(sound + id3Version1());
+    EXPECT_NE(std::find(old.begin(), old.end(), std::pair<std::string, std::string>("TITLE", "Café")),
+              old.end());
+}
+
+TEST_F(AudioTags, OfADamagedFileAreNone) {
+    for (const char* start :
+         {"fLaC", "MAC ", "MPCK", "MP+", "wvPk", "TTA1", "\x30\x26\xB2\x75\x8E\x66\xCF\x11"})
+        EXPECT_EQ(tags(start + std::string(100, '\xFF')), Texts()) << start;
+}
+
+TEST_F(AudioTags, DoNotCloseTheDescriptor) {
+    std::vector<MediaItem> items;
+    const int descriptor = open("fLaC");
+    readAudioTags(descriptor, AudioTagsKind::flac, items);
+    EXPECT_GE(fcntl(descriptor, F_GETFD), 0);
+}
+
+TEST_F(AudioTags, AreReadWithinABound) {
+    BoundedStream stream(open(std::string(1 << 20, 'x')));
+    uint64_t total = 0;
+    for (int i = 0; i < 100'000; ++i) {
+        stream.seek(0);
+        total += stream.readBlock(100).size();
+    }
+    EXPECT_EQ(total, 4096u * 100);
+}
+
+} // namespace
