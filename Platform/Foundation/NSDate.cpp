@@ -4,6 +4,7 @@
 #include "Platform/Foundation/StringFormat.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cmath>
 #include <functional>
 
@@ -80,6 +81,11 @@ double referenceTime(const CalendarDate& date) {
 
 NSDate::NSDate(double timeIntervalSinceReferenceDate)
     : NSObject(new DateBody(timeIntervalSinceReferenceDate)) {}
+
+NSDate NSDate::now() {
+    const std::chrono::duration<double> sinceEpoch = std::chrono::system_clock::now().time_since_epoch();
+    return NSDate(sinceEpoch.count() - NSTimeIntervalSince1970);
+}
 
 double NSDate::timeIntervalSinceReferenceDate() const {
     return body() ? static_cast<const DateBody*>(body())->time : 0;

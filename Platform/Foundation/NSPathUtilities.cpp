@@ -64,3 +64,8 @@ NSString stringByAppendingPathComponent(const NSString& path, const NSString& co
     joined = withSingleSlashes(joined + component.text());
     return withoutTrailingSlashes(joined);
 }
+
+NSString NSTemporaryDirectory() {
+    const char* folder = getenv("TMPDIR");
+    return folder && *folder ? stringWithFileSystemRepresentation(folder) : NSString(u"/tmp");
+}

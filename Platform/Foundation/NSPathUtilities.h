@@ -19,3 +19,6 @@ NSString lastPathComponent(const NSString& path);
 NSString pathExtension(const NSString& path);
 NSString stringByDeletingLastPathComponent(const NSString& path);
 NSString stringByAppendingPathComponent(const NSString& path, const NSString& component);
+
+// TMPDIR of the environment, or /tmp.
+NSString NSTemporaryDirectory();

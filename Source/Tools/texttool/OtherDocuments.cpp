@@ -21,7 +21,6 @@ void refuse(const char16_t* requestKey, bool (*exists)(const NSString&), const c
 
 } // namespace
 
-void handleWebArchive() { refuse(u"WebArchivePath", zorFileExists, "web archives"); }
 void handlePDF() { refuse(u"PDFPath", zorFileExists, "PDF documents"); }
 void handleQT() { refuse(u"QTPath", zorFileExists, "audio and video"); }
 void handleImage() { refuse(u"ImagePath", zorFileExists, "images"); }
