@@ -64,13 +64,12 @@ GObjectPointer<WebKitWebContext> makeContext(const std::string& extensionFolder,
 }
 
 GObjectPointer<WebKitSettings> makeSettings() {
-    GObjectPointer<WebKitSettings> settings(WEBKIT_SETTINGS(
-        g_object_new(WEBKIT_TYPE_SETTINGS, "enable-dns-prefetching", FALSE, "enable-html5-database", FALSE,
-                     "enable-html5-local-storage", FALSE, "enable-offline-web-application-cache", FALSE,
-                     "enable-page-cache", FALSE, "enable-media", FALSE, "enable-webaudio", FALSE,
-                     "enable-webgl", FALSE, "enable-webrtc", FALSE, "enable-hyperlink-auditing", FALSE,
-                     "enable-smooth-scrolling", FALSE, "javascript-can-open-windows-automatically", FALSE,
-                     "hardware-acceleration-policy", WEBKIT_HARDWARE_ACCELERATION_POLICY_NEVER, nullptr)));
+    GObjectPointer<WebKitSettings> settings(WEBKIT_SETTINGS(g_object_new(
+        WEBKIT_TYPE_SETTINGS, "enable-dns-prefetching", FALSE, "enable-html5-database", FALSE,
+        "enable-html5-local-storage", FALSE, "enable-offline-web-application-cache", FALSE,
+        "enable-page-cache", FALSE, "enable-media", FALSE, "enable-webaudio", FALSE, "enable-webgl", FALSE,
+        "enable-webrtc", FALSE, "enable-smooth-scrolling", FALSE, "javascript-can-open-windows-automatically",
+        FALSE, "hardware-acceleration-policy", WEBKIT_HARDWARE_ACCELERATION_POLICY_NEVER, nullptr)));
     setFeatures(settings.get());
     return settings;
 }

@@ -97,7 +97,7 @@ void EngineView::loadFailed(WebKitLoadEvent event, const GError& error) {
 // and the resources that they bring.
 void EngineView::resourceStarted(WebKitWebResource* resource) {
     const std::string url = PrivateSchemes::publicURL(webkit_web_resource_get_uri(resource));
-    if (std::erase(frameURLs_, url) == 0) return;
+    if (std::erase(frameURLs_, url) == 0 || resource == webkit_web_view_get_main_resource(view_)) return;
     const WebFrame frame = makeLoadingFrame();
     framesLoading_.emplace(resource, frame);
     if (frameLoadDelegate()) frameLoadDelegate()->webViewDidStartProvisionalLoadForFrame(*this, frame);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/WebKit/Engine/Surroundings.h"
 
+#include "Platform/Foundation/NSDebug.h"
 #include "Platform/Foundation/NSLog.h"
 #include "Platform/Foundation/NSRunLoop.h"
 
@@ -34,6 +35,16 @@ constexpr Variable kEnvironment[] = {{"GDK_BACKEND", "x11"},
 
 unsigned long rounds = 0;
 
+// What the toolkit has to say is of no interest to users.
+GLogWriterOutput writeMessage(GLogLevelFlags level, const GLogField* fields, gsize count, gpointer) {
+    const bool isWanted = level <= G_LOG_LEVEL_WARNING && NSDebugEnabled();
+    for (gsize i = 0; isWanted && i < count; ++i) {
+        if (std::string_view(fields[i].key) == "MESSAGE")
+            NSLog(NSString::fromUTF8(static_cast<const char*>(fields[i].value)));
+    }
+    return G_LOG_WRITER_HANDLED;
+}
+
 // The engine's libraries take long to be torn down, and are known to crash over it. Whoever was to be told
 // has been told by then.
 void leave(int status, void*) {
@@ -57,6 +68,7 @@ bool startToolkit(const std::string& display) {
         }
     }
     setenv("DISPLAY", display.c_str(), 1);
+    g_log_set_writer_func(writeMessage, nullptr, nullptr);
     gtk_disable_setlocale();
     if (!gtk_init_check(nullptr, nullptr)) return false;
     XSetIOErrorHandler(displayHasGone);

@@ -84,6 +84,11 @@ void windowObjectCleared(WebKitScriptWorld*, WebKitWebPage*, WebKitFrame* frame,
     g_object_weak_ref(G_OBJECT(frame), frameGone, data);
 }
 
+// Standard error belongs to the program; what it wants to know of a page it asks for.
+GLogWriterOutput dropMessage(GLogLevelFlags, const GLogField*, gsize, gpointer) {
+    return G_LOG_WRITER_HANDLED;
+}
+
 void pageCreated(WebKitWebExtension*, WebKitWebPage* webPage, gpointer data) {
     g_signal_connect(webPage, "send-request", G_CALLBACK(sendRequest), data);
     g_signal_connect(webPage, "user-message-received", G_CALLBACK(messageReceived), data);
@@ -94,6 +99,7 @@ void pageCreated(WebKitWebExtension*, WebKitWebPage* webPage, gpointer data) {
 extern "C" G_MODULE_EXPORT void webkit_web_extension_initialize_with_user_data(WebKitWebExtension* extension,
                                                                                const GVariant* data) {
     static Page page; // the process shows one page
+    g_log_set_writer_func(dropMessage, nullptr, nullptr);
     const char* mainURL = "";
     gboolean runsScripts = FALSE;
     g_variant_get(const_cast<GVariant*>(data), "(&sb)", &mainURL, &runsScripts);
