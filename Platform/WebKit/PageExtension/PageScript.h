@@ -33,7 +33,11 @@ const nodeType = getter(Node, "nodeType"), firstChild = getter(Node, "firstChild
       styles = {[kHTML]: getter(HTMLElement, "style"), [kSVG]: getter(SVGElement, "style")};
 const getAttribute = Element.prototype.getAttribute, getClientRects = Element.prototype.getClientRects,
       getPropertyValue = CSSStyleDeclaration.prototype.getPropertyValue,
-      getSelection = Document.prototype.getSelection;
+      setProperty = CSSStyleDeclaration.prototype.setProperty, getSelection = Document.prototype.getSelection,
+      querySelectorAll = Document.prototype.querySelectorAll, createElement = Document.prototype.createElement,
+      optionsOf = getter(HTMLSelectElement, "options"), optionText = getter(HTMLOptionElement, "text"),
+      appendNodes = Element.prototype.append, insertBefore = Element.prototype.before,
+      removeNode = Element.prototype.remove;
 
 let out = "";
 const put = text => { out += text.length + ":" + text; };
@@ -81,11 +85,32 @@ function putNodes(root) {
     }
 }
 
+// Menus show their options when they are opened. For as long as the text is read they stand in lines before
+// their menus.
+function openMenus(document) {
+    const opened = [];
+    for (const menu of querySelectorAll.call(document, "select")) {
+        if (namespaceURI(menu) !== kHTML || !getClientRects.call(menu).length) continue;
+        const list = createElement.call(document, "div");
+        setProperty.call(styles[kHTML](list), "display", "block", "important");
+        setProperty.call(styles[kHTML](list), "white-space", "pre-line", "important");
+        appendNodes.call(list, Array.from(optionsOf(menu), optionText).join("\n"));
+        insertBefore.call(menu, list);
+        opened.push(list);
+    }
+    return opened;
+}
+
 function renderedText(document) {
     const root = documentElement(document);
     if (!root) return "";
     // Of an element that is not rendered innerText is all text that is in it.
-    if (namespaceURI(root) === kHTML && getClientRects.call(root).length) return innerText(root);
+    if (namespaceURI(root) === kHTML && getClientRects.call(root).length) {
+        const menus = openMenus(document);
+        const text = innerText(root);
+        for (const menu of menus) removeNode.call(menu);
+        return text;
+    }
     const selection = getSelection.call(document);
     if (!selection) return "";
     selection.selectAllChildren(document);
