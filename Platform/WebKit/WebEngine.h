@@ -8,8 +8,9 @@
 #include <string>
 
 struct WebEngineSurroundings {
-    std::string display;     // the name of the display server
-    bool hasSandbox = false; // the engine's sandbox works here
+    std::string display;       // the name of the display server
+    std::string runtimeFolder; // for what concerns running programs; "" for the user's
+    bool hasSandbox = false;   // the engine's sandbox works here
 };
 
 // The module's entry. null and a reason when the engine does not start.

@@ -3,21 +3,24 @@
 
 #include "Platform/Foundation/Module.h"
 #include "Platform/WebKit/DisplayServer.h"
+#include "Platform/WebKit/RuntimeFolder.h"
 #include "Platform/WebKit/SandboxProbe.h"
 #include "Platform/WebKit/WebEngine.h"
 
 namespace {
 
 std::unique_ptr<WebView> viewOfEngine(const NSRect& frame, NSString* why) {
-    // Started before the engine's libraries are loaded, which takes longer. The server stays until the
-    // process ends: the toolkit cannot do without it any more.
+    // Started before the engine's libraries are loaded, which takes longer. Server and folder stay until
+    // the process ends: the toolkit cannot do without them any more.
     static DisplayServer display;
+    static RuntimeFolder folder;
     SandboxProbe sandbox;
     auto entry = reinterpret_cast<WebEngineEntry>(moduleEntry("WebKit", why));
     if (!entry) return nullptr;
     WebEngineSurroundings where;
     where.display = display.name(why);
     if (where.display.empty()) return nullptr;
+    where.runtimeFolder = folder.path();
     where.hasSandbox = sandbox.succeeded();
     return entry(frame, where, why);
 }

@@ -91,7 +91,6 @@ TEST_F(Request, OfBrokenOrBottomlessListsIsAPath) {
 
 TEST_F(Request, WithoutAReaderLogsTheReasonAndAnswersNothing) {
     const std::pair<const char*, const char*> kinds[] = {
-        {"WebArchivePath", "web archives"},
         {"PDFPath", "PDF documents"},
         {"QTPath", "audio and video"},
         {"ImagePath", "images"},

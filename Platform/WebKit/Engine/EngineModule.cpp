@@ -24,7 +24,7 @@ std::string extensionFolder() {
 
 std::unique_ptr<WebView> MODULE_ENTRY(const NSRect& frame, const WebEngineSurroundings& where,
                                       NSString* why) {
-    if (startToolkit(where.display)) return std::make_unique<EngineView>(frame, where, extensionFolder());
+    if (startToolkit(where)) return std::make_unique<EngineView>(frame, where, extensionFolder());
     *why = u"The web engine can’t use its display.";
     return nullptr;
 }

@@ -59,7 +59,7 @@ int displayHasGone(Display*) {
 
 } // namespace
 
-bool startToolkit(const std::string& display) {
+bool startToolkit(const WebEngineSurroundings& where) {
     for (const Variable& variable : kEnvironment) {
         if (variable.value) {
             setenv(variable.name, variable.value, 1);
@@ -67,7 +67,8 @@ bool startToolkit(const std::string& display) {
             unsetenv(variable.name);
         }
     }
-    setenv("DISPLAY", display.c_str(), 1);
+    setenv("DISPLAY", where.display.c_str(), 1);
+    if (!where.runtimeFolder.empty()) setenv("XDG_RUNTIME_DIR", where.runtimeFolder.c_str(), 1);
     g_log_set_writer_func(writeMessage, nullptr, nullptr);
     gtk_disable_setlocale();
     if (!gtk_init_check(nullptr, nullptr)) return false;

@@ -3,11 +3,12 @@
 // The toolkit under the engine: started quietly, run by the run loop, and left without ceremony.
 #pragma once
 
+#include "Platform/WebKit/WebEngine.h"
+
 #include <functional>
-#include <string>
 
 // False when the display cannot be used. From then on the run loop delivers the toolkit's events.
-bool startToolkit(const std::string& display);
+bool startToolkit(const WebEngineSurroundings& where);
 
 // Delivers events until the reference time, at most one round of them when it has passed.
 void runToolkitUntil(double referenceTime);
