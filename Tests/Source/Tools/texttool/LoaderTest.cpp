@@ -3,7 +3,7 @@
 
 #include "Platform/Foundation/NSNumber.h"
 #include "Platform/Foundation/NSURLCache.h"
-#include "Tests/Support/FakeWebView.h"
+#include "Tests/Support/WebKit/FakeWebView.h"
 #include "Tests/Support/TemporaryFolder.h"
 
 #include <cstdlib>

@@ -3,7 +3,7 @@
 
 #include "Platform/Foundation/NSException.h"
 #include "Platform/Foundation/NSURLCache.h"
-#include "Tests/Support/FakeWebView.h"
+#include "Tests/Support/WebKit/FakeWebView.h"
 #include "ZORFoundation/Source/ZORWebArchiveURLProtocol.h"
 
 #include <cstdlib>

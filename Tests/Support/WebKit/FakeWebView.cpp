@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "Tests/Support/FakeWebView.h"
+#include "Tests/Support/WebKit/FakeWebView.h"
 
 #include "Platform/Foundation/NSRunLoop.h"
 
