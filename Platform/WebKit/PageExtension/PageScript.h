@@ -93,7 +93,7 @@ function openMenus(document) {
         if (namespaceURI(menu) !== kHTML || !getClientRects.call(menu).length) continue;
         const list = createElement.call(document, "div");
         setProperty.call(styles[kHTML](list), "display", "block", "important");
-        setProperty.call(styles[kHTML](list), "white-space", "pre-line", "important");
+        setProperty.call(styles[kHTML](list), "white-space", "pre", "important");
         appendNodes.call(list, Array.from(optionsOf(menu), optionText).join("\n"));
         insertBefore.call(menu, list);
         opened.push(list);
