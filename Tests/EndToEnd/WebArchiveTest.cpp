@@ -109,6 +109,11 @@ TEST_F(WebArchives, StayWhereTheyAreWhateverThePageWants) {
     EXPECT_EQ(textOf(scripted, {{"RetryWithJavaScript", "YES"}}), "page\n");
 }
 
+TEST_F(WebArchives, HaveReplacementsForTheLoneSurrogatesOfScripts) {
+    const std::string file = writePage("<script>document.write('a\\ud800b')</script>");
+    EXPECT_EQ(textOf(file, {{"RetryWithJavaScript", "YES"}}), "a\uFFFDb");
+}
+
 TEST_F(WebArchives, RunScriptsOnlyWhenAsked) {
     const std::string file =
         writePage("<p id=p>off</p><noscript>none</noscript><iframe src=f.html></iframe>"

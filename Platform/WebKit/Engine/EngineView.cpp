@@ -27,6 +27,7 @@ EngineView::EngineView(const NSRect& frame, const WebEngineSurroundings& where,
 }
 
 EngineView::~EngineView() {
+    g_idle_remove_by_data(this);
     g_signal_handlers_disconnect_by_data(view_, this);
     g_signal_handlers_disconnect_by_data(context_.get(), this);
     webkit_web_view_terminate_web_process(view_);

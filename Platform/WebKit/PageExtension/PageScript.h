@@ -149,5 +149,5 @@ function pathOf(frame) {
 }
 
 if (mode === "all") putFrames(window, ""); else putFrame(window, pathOf(window));
-return out;
+return out.toWellFormed(); // with lone surrogates it would not get out of here
 }))js";
