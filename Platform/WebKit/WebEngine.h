@@ -13,6 +13,5 @@ struct WebEngineSurroundings {
     bool hasSandbox = false;   // the engine's sandbox works here
 };
 
-// The module's entry. null and a reason when the engine does not start.
-using WebEngineEntry = std::unique_ptr<WebView> (*)(const NSRect& frame, const WebEngineSurroundings& where,
-                                                    NSString* why);
+// The module's entry. The view is the caller's; null and a reason when the engine does not start.
+using WebEngineEntry = WebView* (*)(const NSRect& frame, const WebEngineSurroundings& where, NSString* why);

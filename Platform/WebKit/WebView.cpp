@@ -22,7 +22,7 @@ std::unique_ptr<WebView> viewOfEngine(const NSRect& frame, NSString* why) {
     if (where.display.empty()) return nullptr;
     where.runtimeFolder = folder.path();
     where.hasSandbox = sandbox.succeeded();
-    return entry(frame, where, why);
+    return std::unique_ptr<WebView>(entry(frame, where, why));
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include "Platform/WebKit/Engine/PrivateSchemes.h"
 
 #include <algorithm>
+#include <set>
 
 namespace {
 
@@ -17,13 +18,31 @@ WebFrameView viewOf(const PageSnapshot::Frame& frame) {
     return {frame.hasDocument ? WebDocumentView::withText(frame.text) : WebDocumentView::withoutText()};
 }
 
+void addAddresses(const PageSnapshot::Frame& frame, std::set<std::string>& addresses) {
+    for (const PageSnapshot::Frame& child : frame.children) {
+        addresses.insert(PrivateSchemes::publicURL(child.url.utf8()));
+        addAddresses(child, addresses);
+    }
+}
+
+// What was answered from memory but for the documents of frames, which are their main resources.
+std::vector<WebResource> subresourcesOf(EngineView& view) {
+    std::set<std::string> frames;
+    addAddresses(view.snapshot()->main, frames);
+    std::vector<WebResource> resources;
+    for (const WebResource& resource : view.resources()) {
+        if (!frames.contains(resource.URL().absoluteString().utf8())) resources.push_back(resource);
+    }
+    return resources;
+}
+
 class MainDataSource final : public WebDataSource::Body {
 public:
     explicit MainDataSource(EngineView& view) : view_(view) {}
 
     NSString pageTitle() const override { return view_.title(); }
     WebResource mainResource() const override { return view_.mainResource(); }
-    std::vector<WebResource> subresources() const override { return view_.resources(); }
+    std::vector<WebResource> subresources() const override { return subresourcesOf(view_); }
     WebFrame webFrame() const override { return view_.mainFrame(); }
 
 private:

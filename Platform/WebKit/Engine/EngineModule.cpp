@@ -7,7 +7,7 @@
 
 #include <dlfcn.h>
 
-extern "C" __attribute__((visibility("default"))) std::unique_ptr<WebView>
+extern "C" __attribute__((visibility("default"))) WebView*
 MODULE_ENTRY(const NSRect& frame, const WebEngineSurroundings& where, NSString* why);
 
 namespace {
@@ -22,9 +22,8 @@ std::string extensionFolder() {
 
 } // namespace
 
-std::unique_ptr<WebView> MODULE_ENTRY(const NSRect& frame, const WebEngineSurroundings& where,
-                                      NSString* why) {
-    if (startToolkit(where)) return std::make_unique<EngineView>(frame, where, extensionFolder());
+WebView* MODULE_ENTRY(const NSRect& frame, const WebEngineSurroundings& where, NSString* why) {
+    if (startToolkit(where)) return new EngineView(frame, where, extensionFolder());
     *why = u"The web engine can’t use its display.";
     return nullptr;
 }

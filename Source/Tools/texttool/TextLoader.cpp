@@ -19,6 +19,10 @@ namespace {
 
 constexpr std::u16string_view kSeparator = u"\n----\n";
 
+// Nested hidden elements repeat their text, so that a page can make gigabytes of it. UTF-16 units of one
+// frame, after which no more is collected.
+constexpr size_t kMostHiddenText = size_t(1) << 26;
+
 NSUserDefaults& defaults() { return NSUserDefaults::standardUserDefaults(); }
 
 bool hostBool(const char16_t* key) {
@@ -122,15 +126,19 @@ void TextLoader::appendInvisibleChunksFromNode(const DOMNode& node, std::vector<
         DOMNode node;
         uint32_t nextChild = 0;
     };
-    if (!node) return;
-    appendChunksOfNode(node, chunks);
-    std::vector<Step> path = {{node}};
-    while (!path.empty()) {
+    size_t length = 0;
+    auto visit = [&](const DOMNode& visited) {
+        const size_t first = chunks.size();
+        appendChunksOfNode(visited, chunks);
+        for (size_t i = first; i < chunks.size(); ++i) length += chunks[i].length();
+        return Step{visited};
+    };
+    std::vector<Step> path;
+    if (node) path.push_back(visit(node));
+    while (!path.empty() && length <= kMostHiddenText) {
         Step& step = path.back();
         if (step.nextChild < step.node.childNodesLength()) {
-            const DOMNode child = step.node.childNode(step.nextChild++);
-            appendChunksOfNode(child, chunks);
-            path.push_back({child});
+            path.push_back(visit(step.node.childNode(step.nextChild++)));
         } else {
             path.pop_back();
         }

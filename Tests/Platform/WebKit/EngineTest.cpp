@@ -166,9 +166,8 @@ TEST_F(Engine, GivesWhatItShowedForAnArchiveThatShowsTheSame) {
                     {WebArchive(resource(u"http://a.test/c.html", "c"), {}, {})})}));
     const WebArchive archive = WebArchive::initWithData(zorWebArchive(view->mainFrame().dataSource()).data());
     EXPECT_EQ(archive.mainResource().URL().absoluteString(), NSString(u"http://a.test/"));
-    std::vector<std::string> urls;
-    for (const WebResource& each : archive.subresources()) urls.push_back(each.URL().absoluteString().utf8());
-    EXPECT_EQ(std::count(urls.begin(), urls.end(), "http://a.test/i.png"), 1);
+    ASSERT_EQ(archive.subresources().size(), 1u);
+    EXPECT_EQ(archive.subresources()[0].URL().absoluteString(), NSString(u"http://a.test/i.png"));
     ASSERT_EQ(archive.subframeArchives().size(), 1u);
     EXPECT_EQ(archive.subframeArchives()[0].mainResource().data().bytes(), "b<iframe src=c.html></iframe>");
     ASSERT_EQ(archive.subframeArchives()[0].subframeArchives().size(), 1u);

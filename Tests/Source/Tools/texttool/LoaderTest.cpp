@@ -3,8 +3,8 @@
 
 #include "Platform/Foundation/NSNumber.h"
 #include "Platform/Foundation/NSURLCache.h"
-#include "Tests/Support/WebKit/FakeWebView.h"
 #include "Tests/Support/TemporaryFolder.h"
+#include "Tests/Support/WebKit/FakeWebView.h"
 
 #include <cstdlib>
 #include <gtest/gtest.h>

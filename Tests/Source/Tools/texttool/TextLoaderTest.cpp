@@ -202,6 +202,15 @@ TEST(InvisibleChunks, OfADeepDocumentDoNotExhaustTheStack) {
     EXPECT_EQ(chunksOf(builder), "[bottom]");
 }
 
+TEST(InvisibleChunks, EndBeforeTheyFillTheMemory) {
+    DOMTreeBuilder builder;
+    for (int i = 0; i < 400; ++i) builder.openElement({Kind::htmlElement, u"none", u"", u""});
+    builder.addText(std::u16string(1'000'000, u'x'));
+    std::vector<NSString> chunks;
+    TextLoader::appendInvisibleChunksFromNode(builder.finish(), chunks);
+    EXPECT_EQ(chunks.size(), 68u); // the first that goes beyond 64 Mi units is the last
+}
+
 TEST(InvisibleChunks, OfNilAreNone) {
     std::vector<NSString> chunks;
     TextLoader::appendInvisibleChunksFromNode(nullptr, chunks);
