@@ -101,6 +101,17 @@ TEST_F(WebArchiveLimits, ADeadPageIsLoggedAndEndsTheWait) {
               (std::vector<std::string>{"The web page’s process has ended before its time."}));
 }
 
+TEST_F(WebArchiveLimits, ADeadDisplayServerIsLoggedAndEndsTheTool) {
+    const std::string file = endlessPage();
+    RunningTool tool({.arguments = {"-WebArchivePath", file}, .environment = environment("{}")});
+    ASSERT_TRUE(comesTrue([&] { return !server.requests().empty(); }));
+    for (pid_t display : processesWith(mark(), "Xvfb")) kill(display, SIGTERM);
+    const ToolResult result = tool.wait();
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.output, "");
+    EXPECT_EQ(logLines(result), (std::vector<std::string>{"The display server has gone."}));
+}
+
 TEST_F(WebArchiveLimits, AToolThatIsKilledLeavesNothing) {
     fs::create_directories(path("tmp"));
     auto variables = environment("{}");
