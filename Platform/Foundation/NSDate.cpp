@@ -3,6 +3,7 @@
 
 #include "Platform/Foundation/StringFormat.h"
 
+#include <chrono>
 #include <functional>
 
 namespace {
@@ -30,6 +31,11 @@ public:
 
 NSDate::NSDate(double timeIntervalSinceReferenceDate)
     : NSObject(new DateBody(timeIntervalSinceReferenceDate)) {}
+
+NSDate NSDate::now() {
+    const std::chrono::duration<double> sinceEpoch = std::chrono::system_clock::now().time_since_epoch();
+    return NSDate(sinceEpoch.count() - NSTimeIntervalSince1970);
+}
 
 double NSDate::timeIntervalSinceReferenceDate() const {
     return body() ? static_cast<const DateBody*>(body())->time : 0;

@@ -15,6 +15,8 @@ public:
     explicit NSDate(double timeIntervalSinceReferenceDate);
     explicit NSDate(const ObjectBody* body) : NSObject(body) {}
 
+    static NSDate now();
+
     // 0 for nil.
     double timeIntervalSinceReferenceDate() const;
 

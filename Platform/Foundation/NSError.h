@@ -48,6 +48,16 @@ enum : int64_t {
     NSTextReadInapplicableDocumentTypeError = 65806,
 };
 
+// Codes of the URL domain.
+enum : int64_t {
+    NSURLErrorCancelled = -999,
+    NSURLErrorUnsupportedURL = -1002,
+    NSURLErrorCannotConnectToHost = -1004,
+    NSURLErrorHTTPTooManyRedirects = -1007,
+    NSURLErrorResourceUnavailable = -1008,
+    NSURLErrorUserAuthenticationRequired = -1013,
+};
+
 class NSError : public NSObject {
 public:
     static constexpr NSKind kKind = NSKind::error;

@@ -5,6 +5,7 @@
 #include "Platform/Foundation/UnicodeText.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace {
 
@@ -93,4 +94,9 @@ NSArray pathComponents(const NSString& path) {
     }
     if (text.size() > 1 && text.back() == u'/') components.push_back(NSString(u"/"));
     return NSArray(std::move(components));
+}
+
+NSString NSTemporaryDirectory() {
+    const char* folder = getenv("TMPDIR");
+    return folder && *folder ? stringWithFileSystemRepresentation(folder) : NSString(u"/tmp");
 }

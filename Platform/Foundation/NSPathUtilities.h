@@ -31,3 +31,6 @@ NSArray pathComponents(const NSString& path);
 // The home directory for a leading "~" or "~user", single slashes, no slash at the end and no "." components.
 // In an absolute path ".." is resolved too, to the real parent where a link leads elsewhere; "/.." is "/".
 NSString stringByStandardizingPath(const NSString& path);
+
+// TMPDIR of the environment, or /tmp.
+NSString NSTemporaryDirectory();

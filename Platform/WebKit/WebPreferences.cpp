@@ -12,12 +12,15 @@ struct WebPreferences::Body final : ObjectBody {
     mutable bool plugInsEnabled = true;
     mutable bool javaScriptCanOpenWindowsAutomatically = true;
     mutable bool javaEnabled = true;
+    mutable bool javaScriptEnabled = true;
 };
 
 WebPreferences WebPreferences::standardPreferences() {
     static const WebPreferences shared(new Body);
     return shared;
 }
+
+WebPreferences WebPreferences::preferences() { return WebPreferences(new Body); }
 
 const WebPreferences::Body& WebPreferences::flags() const {
     static const Body defaults;
@@ -31,6 +34,7 @@ void WebPreferences::setJavaScriptCanOpenWindowsAutomatically(bool flag) const {
     flags().javaScriptCanOpenWindowsAutomatically = flag;
 }
 void WebPreferences::setJavaEnabled(bool flag) const { flags().javaEnabled = flag; }
+void WebPreferences::setJavaScriptEnabled(bool flag) const { flags().javaScriptEnabled = flag; }
 
 bool WebPreferences::autosaves() const { return flags().autosaves; }
 bool WebPreferences::loadsImagesAutomatically() const { return flags().loadsImagesAutomatically; }
@@ -39,3 +43,4 @@ bool WebPreferences::javaScriptCanOpenWindowsAutomatically() const {
     return flags().javaScriptCanOpenWindowsAutomatically;
 }
 bool WebPreferences::javaEnabled() const { return flags().javaEnabled; }
+bool WebPreferences::javaScriptEnabled() const { return flags().javaScriptEnabled; }

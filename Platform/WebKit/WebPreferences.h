@@ -12,17 +12,22 @@ public:
     // Shared by the whole process: changes stay in force for everybody. Everything is on at first.
     static WebPreferences standardPreferences();
 
+    // New ones, for one view. Everything is on at first.
+    static WebPreferences preferences();
+
     void setAutosaves(bool flag) const;
     void setLoadsImagesAutomatically(bool flag) const;
     void setPlugInsEnabled(bool flag) const;
     void setJavaScriptCanOpenWindowsAutomatically(bool flag) const;
     void setJavaEnabled(bool flag) const;
+    void setJavaScriptEnabled(bool flag) const;
 
     bool autosaves() const;
     bool loadsImagesAutomatically() const;
     bool plugInsEnabled() const;
     bool javaScriptCanOpenWindowsAutomatically() const;
     bool javaEnabled() const;
+    bool javaScriptEnabled() const;
 
 private:
     struct Body;

@@ -91,7 +91,6 @@ TEST_F(Request, OfBrokenOrBottomlessListsIsAPath) {
 
 TEST_F(Request, WithoutAReaderLogsTheReasonAndAnswersNothing) {
     const std::pair<const char*, const char*> kinds[] = {
-        {"WebArchivePath", "web archives"},
         {"SpotlightPath", "files of any kind through importers"}};
     std::string file = write("document", "bytes");
     for (const auto& [key, kind] : kinds) {

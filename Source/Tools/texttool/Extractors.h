@@ -28,5 +28,8 @@ NSAttributedString readDocument(const NSString& path, const NSString& documentTy
 // The file's bytes, or nil after the error has been reported.
 NSData dataFromPath(const NSString& path);
 
+// The error with the document's path where it tells of a module that is missing; any other as it is.
+NSError withPathOfDocument(const NSError& error, const NSString& path);
+
 // The path of the request under its key, after the document has been marked.
 NSString markRequestedDocument(const char16_t* requestKey);

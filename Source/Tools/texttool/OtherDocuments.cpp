@@ -21,5 +21,4 @@ void refuse(const char16_t* requestKey, bool (*exists)(const NSString&), const c
 
 } // namespace
 
-void handleWebArchive() { refuse(u"WebArchivePath", zorFileExists, "web archives"); }
 void handleSpotlight() { refuse(u"SpotlightPath", zorPathExists, "files of any kind through importers"); }

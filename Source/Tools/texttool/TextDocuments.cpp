@@ -43,14 +43,6 @@ NSAttributedString readWithRetry(NSMutableDictionary& options, NSError* error, c
     return text;
 }
 
-// A missing module is told of with the document that wanted it.
-NSError withPathOfDocument(const NSError& error, const NSString& path) {
-    if (!zorHasDomain(error, NSCocoaErrorDomain, NSExecutableLoadError)) return error;
-    NSMutableDictionary info(error.userInfo());
-    info.setObject(path, NSString(NSFilePathErrorKey));
-    return NSError(error.domain(), error.code(), std::move(info).copy());
-}
-
 } // namespace
 
 void handlePath(const NSString& path, const NSString& documentType) {
@@ -95,4 +87,11 @@ NSData dataFromPath(const NSString& path) {
     NSData data = NSData::dataWithContentsOfFile(path, NSDataReadingUncached, &error);
     if (!data) reportError(error);
     return data;
+}
+
+NSError withPathOfDocument(const NSError& error, const NSString& path) {
+    if (!zorHasDomain(error, NSCocoaErrorDomain, NSExecutableLoadError)) return error;
+    NSMutableDictionary info(error.userInfo());
+    info.setObject(path, NSString(NSFilePathErrorKey));
+    return NSError(error.domain(), error.code(), std::move(info).copy());
 }

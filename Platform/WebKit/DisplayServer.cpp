@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "Platform/WebKit/DisplayServer.h"
+
+#include <chrono>
+#include <fcntl.h>
+#include <poll.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr std::chrono::seconds kPatience{5};
+
+} // namespace
+
+DisplayServer::DisplayServer() {
+    int ends[2];
+    if (pipe2(ends, O_CLOEXEC) != 0) return;
+    number_ = FileDescriptor(ends[0]);
+    const FileDescriptor writing(ends[1]);
+    server_ = ChildProcess({"Xvfb", "-displayfd", std::to_string(ends[1]), "-screen", "0", "640x640x24",
+                            "-nolisten", "tcp", "-noreset", "-nocursor", "-extension", "GLX"},
+                           &writing);
+}
+
+std::string DisplayServer::name(NSString* why) {
+    const auto end = std::chrono::steady_clock::now() + kPatience;
+    std::string number;
+    while (number.empty() || number.back() != '\n') {
+        const auto left =
+            std::chrono::duration_cast<std::chrono::milliseconds>(end - std::chrono::steady_clock::now());
+        pollfd waited{number_.get(), POLLIN, 0};
+        char bytes[16];
+        const bool isReady = left.count() > 0 && poll(&waited, 1, int(left.count())) > 0;
+        const ssize_t length = isReady ? read(number_.get(), bytes, sizeof bytes) : 0;
+        if (length <= 0) {
+            *why = u"The display server “Xvfb” can’t be started.";
+            return {};
+        }
+        number.append(bytes, size_t(length));
+    }
+    number.pop_back();
+    return ":" + number;
+}

@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "Platform/WebKit/Engine/Surroundings.h"
+
+#include "Platform/Foundation/NSDebug.h"
+#include "Platform/Foundation/NSLog.h"
+#include "Platform/Foundation/NSRunLoop.h"
+
+#include <X11/Xlib.h>
+#include <algorithm>
+#include <cstdlib>
+#include <gtk/gtk.h>
+#include <unistd.h>
+
+namespace {
+
+struct Variable {
+    const char* name;
+    const char* value; // null takes the variable away
+};
+
+// Nothing of the user's desktop takes part: no session bus, no accessibility bridge, no settings service, no
+// modules of the toolkit.
+constexpr Variable kEnvironment[] = {{"GDK_BACKEND", "x11"},
+                                     {"GSETTINGS_BACKEND", "memory"},
+                                     {"GIO_USE_VFS", "local"},
+                                     {"GTK_A11Y", "none"},
+                                     {"NO_AT_BRIDGE", "1"},
+                                     {"WEBKIT_DISABLE_DMABUF_RENDERER", "1"},
+                                     {"GTK_IM_MODULE", "gtk-im-context-simple"},
+                                     {"DBUS_SESSION_BUS_ADDRESS", nullptr},
+                                     {"GTK_MODULES", nullptr},
+                                     {"GTK_THEME", nullptr},
+                                     {"WAYLAND_DISPLAY", nullptr},
+                                     {"XAUTHORITY", nullptr}};
+
+unsigned long rounds = 0;
+
+// What the toolkit has to say is of no interest to users.
+GLogWriterOutput writeMessage(GLogLevelFlags level, const GLogField* fields, gsize count, gpointer) {
+    const bool isWanted = level <= G_LOG_LEVEL_WARNING && NSDebugEnabled();
+    for (gsize i = 0; isWanted && i < count; ++i) {
+        if (std::string_view(fields[i].key) == "MESSAGE")
+            NSLog(NSString::fromUTF8(static_cast<const char*>(fields[i].value)));
+    }
+    return G_LOG_WRITER_HANDLED;
+}
+
+// The engine's libraries take long to be torn down, and are known to crash over it. Whoever was to be told
+// has been told by then.
+void leave(int status, void*) {
+    fflush(nullptr);
+    _exit(status);
+}
+
+int displayHasGone(Display*) {
+    NSLog(u"The display server has gone.");
+    _exit(0);
+}
+
+} // namespace
+
+bool startToolkit(const WebEngineSurroundings& where) {
+    for (const Variable& variable : kEnvironment) {
+        if (variable.value) {
+            setenv(variable.name, variable.value, 1);
+        } else {
+            unsetenv(variable.name);
+        }
+    }
+    setenv("DISPLAY", where.display.c_str(), 1);
+    if (!where.runtimeFolder.empty()) setenv("XDG_RUNTIME_DIR", where.runtimeFolder.c_str(), 1);
+    g_log_set_writer_func(writeMessage, nullptr, nullptr);
+    gtk_disable_setlocale();
+    if (!gtk_init_check(nullptr, nullptr)) return false;
+    XSetIOErrorHandler(displayHasGone);
+    on_exit(leave, nullptr);
+    NSRunLoop::currentRunLoop().setRunner(runToolkitUntil);
+    return true;
+}
+
+void runToolkitUntil(double referenceTime) {
+    ++rounds;
+    const double left = referenceTime - NSDate::now().timeIntervalSinceReferenceDate();
+    if (left > 0) {
+        waitForToolkit(left, [] { return false; });
+    } else {
+        g_main_context_iteration(nullptr, FALSE);
+    }
+}
+
+unsigned long toolkitRounds() { return rounds; }
+
+void waitForToolkit(double seconds, const std::function<bool()>& isDone) {
+    bool isOver = false;
+    auto end = [](gpointer data) -> gboolean {
+        *static_cast<bool*>(data) = true;
+        return G_SOURCE_CONTINUE;
+    };
+    const auto milliseconds = guint(std::min(seconds, 1e6) * 1000) + 1;
+    const guint timer = g_timeout_add_full(G_PRIORITY_HIGH, milliseconds, end, &isOver, nullptr);
+    while (!isOver && !isDone()) g_main_context_iteration(nullptr, TRUE);
+    g_source_remove(timer);
+}

@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "Platform/WebKit/SandboxProbe.h"
+
+#include <unistd.h>
+
+namespace {
+
+// Where the engine looks for the programs that its sandbox is made of.
+constexpr const char* kSandbox = "/usr/bin/bwrap";
+constexpr const char* kBusFilter = "/usr/bin/xdg-dbus-proxy";
+
+} // namespace
+
+SandboxProbe::SandboxProbe() {
+    if (access(kSandbox, X_OK) != 0 || access(kBusFilter, X_OK) != 0) return;
+    trial_ = ChildProcess({kSandbox, "--ro-bind", "/", "/", "--proc", "/proc", "--dev", "/dev",
+                           "--unshare-pid", "--unshare-net", "--unshare-uts", "/usr/bin/true"});
+}
+
+bool SandboxProbe::succeeded() { return trial_.wait() == 0; }

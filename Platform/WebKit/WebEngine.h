@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// What passes between the program and the engine's module.
+#pragma once
+
+#include "Platform/WebKit/WebView.h"
+
+#include <string>
+
+struct WebEngineSurroundings {
+    std::string display;       // the name of the display server
+    std::string runtimeFolder; // for what concerns running programs; "" for the user's
+    bool hasSandbox = false;   // the engine's sandbox works here
+};
+
+// The module's entry. The view is the caller's; null and a reason when the engine does not start.
+using WebEngineEntry = WebView* (*)(const NSRect& frame, const WebEngineSurroundings& where, NSString* why);
