@@ -97,7 +97,8 @@ private:
     unsigned version_, count_ = 0;
 };
 
-void addFrame(ByteSource& source, const Frame& frame, bool isUnsynchronised, std::vector<MediaItem>& items) {
+void addFrame(ByteSource& source, const Frame& frame, unsigned version, bool isUnsynchronised,
+              std::vector<MediaItem>& items) {
     if (frame.identifier == "APIC") items.push_back({MediaKeySpace::id3, frame.identifier, OpaqueValue()});
     if (frame.identifier.empty() || frame.identifier[0] != 'T' || frame.identifier == "TXXX" ||
         frame.isEncrypted)
@@ -106,14 +107,17 @@ void addFrame(ByteSource& source, const Frame& frame, bool isUnsynchronised, std
         source.bytes(frame.body.begin, size_t(std::min<uint64_t>(frame.body.length(), kTextLimit)));
     if (isUnsynchronised || frame.isUnsynchronised) body = withoutUnsynchronisation(body);
     if (frame.isCompressed) body = inflated(body, kTextLimit);
-    for (std::u16string& text : stringsOfTextFrame(body))
+    std::vector<std::u16string> strings = stringsOfTextFrame(body);
+    // Before version 4 a null ended the text, whatever came behind it.
+    if (version < 4 && strings.size() > 1) strings.resize(1);
+    for (std::u16string& text : strings)
         items.push_back({MediaKeySpace::id3, frame.identifier, std::move(text)});
 }
 
 void readFrames(ByteSource& source, ByteRange frames, unsigned version, bool isUnsynchronised,
                 std::vector<MediaItem>& items) {
     FrameList list(source, frames, version);
-    for (Frame frame; list.next(frame);) addFrame(source, frame, isUnsynchronised, items);
+    for (Frame frame; list.next(frame);) addFrame(source, frame, version, isUnsynchronised, items);
 }
 
 // How long the extended header is, if the tag has one.

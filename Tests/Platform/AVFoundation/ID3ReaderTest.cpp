@@ -56,6 +56,11 @@ TEST(ID3Reader, GivesEachOfSeveralValues) {
     EXPECT_EQ(frames(id3Tag(4, id3Frame("TPE1", two, 0, 4))), (Texts{{"TPE1", "a"}, {"TPE1", "b"}}));
 }
 
+TEST(ID3Reader, EndsTextsOfOlderVersionsAtANull) {
+    EXPECT_EQ(frames(id3Tag(3, id3Frame("TPE1", "\0One\0junk"s))), (Texts{{"TPE1", "One"}}));
+    EXPECT_EQ(frames(id3Tag(2, id3Frame("TP1", "\0One\0junk"s, 0, 2))), (Texts{{"TPE1", "One"}}));
+}
+
 TEST(ID3Reader, PassesOverEmptyAndUnknownFrames) {
     EXPECT_EQ(frames(id3Tag(3, id3Frame("MCDI", "") + id3Frame("TIT1", "") + id3Frame("XYZ1", "bytes") +
                                    id3Frame("TXXX", latin("name")) + id3Frame("COMM", "\0engtext"s) +
