@@ -105,6 +105,21 @@ TEST(ID3Reader, InflatesACompressedFrame) {
     EXPECT_EQ(frames(id3Tag(3, id3Frame("TIT2", "\0\0\0\x05junk"s, 0x80))), Texts());
 }
 
+TEST(ID3Reader, InflatesOnlySoMuchOfATag) {
+    const std::string text = latin(std::string(4 << 20, 'x'));
+    uLongf length = compressBound(text.size());
+    std::string stream(length, '\0');
+    compress(reinterpret_cast<Bytef*>(stream.data()), &length, reinterpret_cast<const Bytef*>(text.data()),
+             text.size());
+    stream.resize(length);
+    std::string bombs;
+    for (int i = 0; i < 10; ++i) bombs += id3Frame("TIT2", bigEndian(text.size(), 4) + stream, 0x80);
+    size_t total = 0;
+    for (const auto& [key, value] : frames(id3Tag(3, bombs))) total += value.size();
+    EXPECT_GT(total, 8u << 20);
+    EXPECT_LE(total, 16u << 20);
+}
+
 TEST(ID3Reader, PassesOverWhatIsEncryptedAndTheGroupOfAFrame) {
     EXPECT_EQ(
         frames(id3Tag(3, id3Frame("TIT2", "secret", 0x40) + id3Frame("TPE1", "g" + latin("Artist"), 0x20))),
