@@ -7,6 +7,8 @@
 #include "Platform/AVFoundation/Matroska/MatroskaReader.h"
 #include "Platform/AVFoundation/Ogg/OggReader.h"
 
+#include <algorithm>
+
 AudioTagsKind readMedia(ByteSource& source, std::vector<MediaItem>& items) {
     constexpr int kTagsInFront = 4;
     if (isAtomFile(source)) {
@@ -19,6 +21,8 @@ AudioTagsKind readMedia(ByteSource& source, std::vector<MediaItem>& items) {
     if (readChunkFile(source, content, items) || readOggFile(source, content, items))
         return AudioTagsKind::none;
     const AudioTagsKind kind = audioTagsKind(source, content.begin);
-    // The tag in front says more than the one at the end.
-    return kind == AudioTagsKind::atTheEnd && !items.empty() ? AudioTagsKind::none : kind;
+    // A tag in front that names the piece says all that the one at the end does.
+    const bool hasTitle =
+        std::any_of(items.begin(), items.end(), [](const MediaItem& item) { return item.key == "TIT2"; });
+    return kind == AudioTagsKind::atTheEnd && hasTitle ? AudioTagsKind::none : kind;
 }

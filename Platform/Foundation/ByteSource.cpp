@@ -51,6 +51,12 @@ ByteRange ByteRange::part(uint64_t offset, uint64_t length) const {
     return {first, first + std::min(length, end - first)};
 }
 
+std::string ByteAllowance::take(ByteSource& source, ByteRange range) {
+    std::string taken = source.bytes(range.begin, size_t(std::min(range.length(), left_)));
+    spend(taken.size());
+    return taken;
+}
+
 FileSource::FileSource(int file) : file_(file) {
     struct stat info {};
     if (fstat(file, &info) == 0 && S_ISREG(info.st_mode)) size_ = uint64_t(info.st_size);

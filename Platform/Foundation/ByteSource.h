@@ -38,6 +38,22 @@ struct ByteRange {
     ByteRange part(uint64_t offset, uint64_t length = UINT64_MAX) const;
 };
 
+// How many bytes of values a reader may still take: a hostile file must not buy memory.
+class ByteAllowance {
+public:
+    explicit ByteAllowance(uint64_t bytes = 16 << 20) : left_(bytes) {}
+
+    // The bytes of a range, as far as they are allowed.
+    std::string take(ByteSource& source, ByteRange range);
+
+    uint64_t left() const { return left_; }
+    // For bytes that came from elsewhere.
+    void spend(uint64_t bytes) { left_ -= bytes < left_ ? bytes : left_; }
+
+private:
+    uint64_t left_;
+};
+
 // An open file, read in small pieces that are kept for the next question. The descriptor stays the caller's.
 // A file that does not answer reads as if it ended there.
 class FileSource : public ByteSource {

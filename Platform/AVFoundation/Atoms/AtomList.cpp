@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/AVFoundation/Atoms/AtomList.h"
 
-#include <algorithm>
-
 std::string keyOfAtomType(AtomType type) {
     std::string key;
     for (int shift = 24; shift >= 0; shift -= 8) {
@@ -11,12 +9,6 @@ std::string keyOfAtomType(AtomType type) {
         key.push_back(byte == 0xA9 ? '@' : char(byte));
     }
     return key;
-}
-
-std::string AtomAllowance::take(ByteSource& source, ByteRange range) {
-    std::string taken = source.bytes(range.begin, size_t(std::min(range.length(), bytes)));
-    bytes -= taken.size();
-    return taken;
 }
 
 bool AtomList::next(Atom& atom) {

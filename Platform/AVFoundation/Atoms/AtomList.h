@@ -23,14 +23,11 @@ struct Atom {
     ByteRange body;
 };
 
-// What the reading of one file may still cost: a hostile one must buy neither time nor memory.
+// What the reading of one file may still cost.
 struct AtomAllowance {
     uint32_t atoms = 100'000;
-    uint64_t bytes = 64 << 20; // of values
-    bool mayInflate = true;    // one compressed movie
-
-    // The bytes of a range, as far as they are allowed.
-    std::string take(ByteSource& source, ByteRange range);
+    ByteAllowance values{64 << 20};
+    bool mayInflate = true; // one compressed movie
 };
 
 // Goes through the atoms that lie one after the other in a range. An atom that claims more than the range has

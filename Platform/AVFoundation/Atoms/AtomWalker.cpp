@@ -21,7 +21,7 @@ void readCompressedMovie(ByteSource& source, ByteRange body, AtomAllowance& allo
     for (Atom atom; allowance.mayInflate && atoms.next(atom);) {
         if (atom.type != atomType("cmvd")) continue;
         allowance.mayInflate = false;
-        const std::string movie = inflated(allowance.take(source, atom.body.part(4)), kInflatedLimit);
+        const std::string movie = inflated(allowance.values.take(source, atom.body.part(4)), kInflatedLimit);
         MemorySource memory(movie);
         readAtoms(memory, allowance, items);
     }

@@ -17,7 +17,7 @@ ByteRange childrenOfMeta(ByteSource& source, ByteRange meta) {
 
 // The names of the keys: version, count, then for each its length, its kind and its name.
 std::vector<std::string> readKeys(ByteSource& source, ByteRange body, AtomAllowance& allowance) {
-    const std::string bytes = allowance.take(source, body);
+    const std::string bytes = allowance.values.take(source, body);
     MemorySource table(bytes);
     std::vector<std::string> keys;
     for (uint64_t at = 8; at + 8 <= table.size();) {
@@ -43,7 +43,7 @@ bool isTextKey(const std::string& key) { return key[0] == '@' || key == "aART" |
 MediaValue valueOfDataAtom(ByteSource& source, ByteRange body, bool isText, AtomAllowance& allowance) {
     constexpr unsigned utf8 = 1, utf16 = 2, shiftJIS = 3, sortingUTF8 = 4, sortingUTF16 = 5;
     const ByteRange content = body.part(8);
-    const auto text = [&] { return allowance.take(source, content); };
+    const auto text = [&] { return allowance.values.take(source, content); };
     if (body.length() < 8) return OpaqueValue();
     switch (const uint64_t type = source.bigEndian(body.begin, 4)) {
     case 0: {

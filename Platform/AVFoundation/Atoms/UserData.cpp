@@ -72,7 +72,7 @@ private:
         return std::find(std::begin(types), std::end(types), type) != std::end(types);
     }
 
-    std::string body(const Atom& atom) const { return allowance_.take(source_, atom.body); }
+    std::string body(const Atom& atom) const { return allowance_.values.take(source_, atom.body); }
 
     void add(MediaKeySpace space, AtomType type, MediaValue value) {
         const std::string key = keyOfAtomType(type);

@@ -13,7 +13,6 @@
 namespace {
 
 constexpr unsigned kChunkLimit = 10'000;
-constexpr size_t kTextLimit = 1 << 20; // bytes of one text
 
 struct Layout {
     bool isLittleEndian;
@@ -105,7 +104,7 @@ public:
     void readCAF(ByteRange chunks) {
         forEach(chunks, kCAF, [&](const Chunk& chunk) {
             if (chunk.name != "info") return;
-            const std::string bytes = bytesOf(chunk.body.part(4));
+            const std::string bytes = allowance_.take(source_, chunk.body.part(4));
             std::string_view rest = bytes;
             while (!rest.empty()) {
                 std::string name(takeString(rest));
@@ -133,10 +132,6 @@ private:
         }
     }
 
-    std::string bytesOf(ByteRange range) {
-        return source_.bytes(range.begin, size_t(std::min<uint64_t>(range.length(), kTextLimit)));
-    }
-
     static std::string_view takeString(std::string_view& bytes) {
         const std::string_view string = bytes.substr(0, bytes.find('\0'));
         bytes.remove_prefix(std::min(string.size() + 1, bytes.size()));
@@ -147,7 +142,7 @@ private:
     void addText(const TextChunk (&texts)[count], const Chunk& chunk, const Decode& decode) {
         for (const TextChunk& text : texts) {
             if (text.name != chunk.name) continue;
-            const std::string bytes = bytesOf(chunk.body);
+            const std::string bytes = allowance_.take(source_, chunk.body);
             items_.push_back({MediaKeySpace::fieldName, std::string(text.field),
                               decode(std::string_view(bytes).substr(0, bytes.find('\0')))});
         }
@@ -155,6 +150,7 @@ private:
 
     ByteSource& source_;
     std::vector<MediaItem>& items_;
+    ByteAllowance allowance_;
     std::optional<ByteRange> id3_;
 };
 

@@ -10,8 +10,7 @@
 namespace {
 
 constexpr unsigned kHeaderLength = 10, kFrameLimit = 10'000;
-constexpr size_t kTextLimit = 1 << 20,
-                 kTagLimit = 16 << 20; // bytes of one text, of a tag that must be rewritten
+constexpr size_t kTagLimit = 16 << 20; // bytes of a tag that must be rewritten
 constexpr unsigned kTagIsUnsynchronised = 0x80, kTagIsExtended = 0x40;
 
 // The identifiers of version 2.2 whose successors have a meaning here.
@@ -97,23 +96,30 @@ private:
     unsigned version_, count_ = 0;
 };
 
-void addFrame(ByteSource& source, const Frame& frame, bool isUnsynchronised, std::vector<MediaItem>& items) {
+void addFrame(ByteSource& source, const Frame& frame, unsigned version, bool isUnsynchronised,
+              ByteAllowance& allowance, std::vector<MediaItem>& items) {
     if (frame.identifier == "APIC") items.push_back({MediaKeySpace::id3, frame.identifier, OpaqueValue()});
     if (frame.identifier.empty() || frame.identifier[0] != 'T' || frame.identifier == "TXXX" ||
         frame.isEncrypted)
         return;
-    std::string body =
-        source.bytes(frame.body.begin, size_t(std::min<uint64_t>(frame.body.length(), kTextLimit)));
+    std::string body = allowance.take(source, frame.body);
     if (isUnsynchronised || frame.isUnsynchronised) body = withoutUnsynchronisation(body);
-    if (frame.isCompressed) body = inflated(body, kTextLimit);
-    for (std::u16string& text : stringsOfTextFrame(body))
+    if (frame.isCompressed) {
+        body = inflated(body, size_t(allowance.left()));
+        allowance.spend(body.size());
+    }
+    std::vector<std::u16string> strings = stringsOfTextFrame(body);
+    // Before version 4 a null ended the text, whatever came behind it.
+    if (version < 4 && strings.size() > 1) strings.resize(1);
+    for (std::u16string& text : strings)
         items.push_back({MediaKeySpace::id3, frame.identifier, std::move(text)});
 }
 
 void readFrames(ByteSource& source, ByteRange frames, unsigned version, bool isUnsynchronised,
                 std::vector<MediaItem>& items) {
     FrameList list(source, frames, version);
-    for (Frame frame; list.next(frame);) addFrame(source, frame, isUnsynchronised, items);
+    ByteAllowance allowance;
+    for (Frame frame; list.next(frame);) addFrame(source, frame, version, isUnsynchronised, allowance, items);
 }
 
 // How long the extended header is, if the tag has one.

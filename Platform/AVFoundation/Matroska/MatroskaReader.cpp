@@ -32,7 +32,6 @@ enum : uint32_t {
 };
 
 constexpr unsigned kTopLevelLimit = 200, kTagLimit = 10'000;
-constexpr size_t kTextLimit = 1 << 20;                     // bytes of one text
 constexpr uint64_t kLevelOfPiece = 30, kLevelOfAlbum = 50; // of a track or chapter; of an album or film
 
 struct NamedTag {
@@ -157,12 +156,13 @@ private:
     }
 
     std::string text(ByteRange body) {
-        std::string bytes = source_.bytes(body.begin, size_t(std::min<uint64_t>(body.length(), kTextLimit)));
+        const std::string bytes = allowance_.take(source_, body);
         return bytes.substr(0, bytes.find('\0'));
     }
 
     ByteSource& source_;
     ByteRange segment_;
+    ByteAllowance allowance_;
     std::map<uint32_t, uint64_t> index_; // where the index has elements, from the start of the segment
     std::u16string title_;
     std::vector<NamedTag> tags_;

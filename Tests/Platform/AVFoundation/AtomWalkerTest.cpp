@@ -144,8 +144,8 @@ TEST(AtomWalker, EndsHoweverManyAtomsThereAre) {
 TEST(AtomWalker, TakesOnlySoManyBytesOfValues) {
     SparseSource source;
     AtomAllowance allowance;
-    EXPECT_EQ(allowance.take(source, {0, source.size()}).size(), 64u << 20);
-    EXPECT_EQ(allowance.take(source, {0, 10}), "");
+    EXPECT_EQ(allowance.values.take(source, {0, source.size()}).size(), 64u << 20);
+    EXPECT_EQ(allowance.values.take(source, {0, 10}), "");
 }
 
 } // namespace

@@ -213,6 +213,8 @@ TEST(ReadMedia, SaysForWhichLibraryReaderTheRestIs) {
 TEST(ReadMedia, LeavesTheTagAtTheEndForTheOneInFront) {
     EXPECT_EQ(readBytes(kTag + "sound" + "TAG" + std::string(125, 'x')).rest, AudioTagsKind::none);
     EXPECT_EQ(readBytes(id3Tag(3, "") + "TAG" + std::string(125, 'x')).rest, AudioTagsKind::atTheEnd);
+    const std::string nameless = id3Tag(3, id3Frame("TSSE", "\0writer"s));
+    EXPECT_EQ(readBytes(nameless + "TAG" + std::string(125, 'x')).rest, AudioTagsKind::atTheEnd);
     EXPECT_EQ(readBytes(kTag + "fLaC1234").rest, AudioTagsKind::flac);
 }
 

@@ -56,6 +56,11 @@ TEST(ID3Reader, GivesEachOfSeveralValues) {
     EXPECT_EQ(frames(id3Tag(4, id3Frame("TPE1", two, 0, 4))), (Texts{{"TPE1", "a"}, {"TPE1", "b"}}));
 }
 
+TEST(ID3Reader, EndsTextsOfOlderVersionsAtANull) {
+    EXPECT_EQ(frames(id3Tag(3, id3Frame("TPE1", "\0One\0junk"s))), (Texts{{"TPE1", "One"}}));
+    EXPECT_EQ(frames(id3Tag(2, id3Frame("TP1", "\0One\0junk"s, 0, 2))), (Texts{{"TPE1", "One"}}));
+}
+
 TEST(ID3Reader, PassesOverEmptyAndUnknownFrames) {
     EXPECT_EQ(frames(id3Tag(3, id3Frame("MCDI", "") + id3Frame("TIT1", "") + id3Frame("XYZ1", "bytes") +
                                    id3Frame("TXXX", latin("name")) + id3Frame("COMM", "\0engtext"s) +
@@ -98,6 +103,21 @@ TEST(ID3Reader, InflatesACompressedFrame) {
     EXPECT_EQ(frames(id3Tag(4, id3Frame("TIT2", syncsafe(body.size()) + stream, 0x09, 4))),
               (Texts{{"TIT2", "Title"}}));
     EXPECT_EQ(frames(id3Tag(3, id3Frame("TIT2", "\0\0\0\x05junk"s, 0x80))), Texts());
+}
+
+TEST(ID3Reader, InflatesOnlySoMuchOfATag) {
+    const std::string text = latin(std::string(4 << 20, 'x'));
+    uLongf length = compressBound(text.size());
+    std::string stream(length, '\0');
+    compress(reinterpret_cast<Bytef*>(stream.data()), &length, reinterpret_cast<const Bytef*>(text.data()),
+             text.size());
+    stream.resize(length);
+    std::string bombs;
+    for (int i = 0; i < 10; ++i) bombs += id3Frame("TIT2", bigEndian(text.size(), 4) + stream, 0x80);
+    size_t total = 0;
+    for (const auto& [key, value] : frames(id3Tag(3, bombs))) total += value.size();
+    EXPECT_GT(total, 8u << 20);
+    EXPECT_LE(total, 16u << 20);
 }
 
 TEST(ID3Reader, PassesOverWhatIsEncryptedAndTheGroupOfAFrame) {
