@@ -29,6 +29,7 @@ constexpr int kNotStarted = 127;
 
 ChildProcess::ChildProcess(const std::vector<std::string>& command, const FileDescriptor* inherited) {
     std::vector<char*> arguments;
+    arguments.reserve(command.size() + 1);
     for (const std::string& word : command) arguments.push_back(const_cast<char*>(word.c_str()));
     arguments.push_back(nullptr);
     const pid_t parent = getpid();

@@ -13,7 +13,7 @@ class ChildProcess {
 public:
     ChildProcess() = default;
     // Starts a program, looked for in PATH, with no input and its chatter dropped. Of the descriptors it gets
-    // `inherited`, if any, under its own number. `isRunning` tells whether there is a process at all.
+    // `inherited`, if any, under its own number.
     explicit ChildProcess(const std::vector<std::string>& command, const FileDescriptor* inherited = nullptr);
     ChildProcess(ChildProcess&& other) noexcept : pid_(std::exchange(other.pid_, -1)) {}
     ChildProcess& operator=(ChildProcess&& other) noexcept {
@@ -23,7 +23,7 @@ public:
     // Asks it to end and waits until it has.
     ~ChildProcess();
 
-    // Its exit status, or -1 for a program that could not be started or was ended by a signal.
+    // Its exit status: 127 for a program that could not be started, -1 for one that a signal ended.
     int wait();
 
 private:

@@ -17,6 +17,9 @@ public:
     std::string name(NSString* why);
 
 private:
+    void start(const std::vector<std::string>& name);
+    std::string readNumber();
+
     FileDescriptor number_; // where the server writes its number
     ChildProcess server_;
 };

@@ -35,9 +35,9 @@ constexpr Variable kEnvironment[] = {{"GDK_BACKEND", "x11"},
 
 unsigned long rounds = 0;
 
-// What the toolkit has to say is of no interest to users.
+// What the toolkit has to say is of no interest to users, but for the last words of a process.
 GLogWriterOutput writeMessage(GLogLevelFlags level, const GLogField* fields, gsize count, gpointer) {
-    const bool isWanted = level <= G_LOG_LEVEL_WARNING && NSDebugEnabled();
+    const bool isWanted = (level & G_LOG_LEVEL_ERROR) || (level <= G_LOG_LEVEL_WARNING && NSDebugEnabled());
     for (gsize i = 0; isWanted && i < count; ++i) {
         if (std::string_view(fields[i].key) == "MESSAGE")
             NSLog(NSString::fromUTF8(static_cast<const char*>(fields[i].value)));
