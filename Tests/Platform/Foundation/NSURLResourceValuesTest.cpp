@@ -80,7 +80,7 @@ TEST_F(ResourceValues, OfWhatIsNotThereFail) {
         NSURL url;
         int64_t code, underlying;
     } cases[] = {{url("missing"), 260, 2},
-                 {url("file.txt/below"), 260, 20},
+                 {url("file.txt/below"), 256, 20},
                  {url(std::string(300, 'n')), 258, 63},
                  {NSURL::URLWithString(u"http://h/file"), 262, 0},
                  {NSURL::URLWithString(u"file:///a%00b"), 258, 0}};
