@@ -24,20 +24,28 @@ namespace {
     _exit(1);
 }
 
+// A new folder in the first of the places where there can be one; "" when there is none.
+std::string makeFolder() {
+    for (const std::string& place :
+         {fileSystemRepresentation(NSTemporaryDirectory()), std::string("/tmp"), std::string("/dev/shm")}) {
+        std::string folder = place + "/texttool-XXXXXX";
+        if (mkdtemp(folder.data())) return folder;
+    }
+    return {};
+}
+
 } // namespace
 
 RuntimeFolder::RuntimeFolder() {
-    std::string folder = fileSystemRepresentation(NSTemporaryDirectory()) + "/texttool-XXXXXX";
     int ends[2];
-    if (!mkdtemp(folder.data())) return;
-    const bool hasPipe = pipe2(ends, O_CLOEXEC) == 0;
-    const FileDescriptor reading(hasPipe ? ends[0] : -1);
-    life_ = FileDescriptor(hasPipe ? ends[1] : -1);
-    const pid_t child = hasPipe ? fork() : -1;
-    if (child == 0) removeAtEnd(folder.c_str(), ends[0]);
-    if (child > 0) {
-        path_ = folder;
-    } else {
-        rmdir(folder.c_str());
-    }
+    if (pipe2(ends, O_CLOEXEC) != 0) return;
+    const FileDescriptor reading(ends[0]);
+    life_ = FileDescriptor(ends[1]);
+    path_ = makeFolder();
+    if (path_.empty()) return;
+    const pid_t child = fork();
+    if (child == 0) removeAtEnd(path_.c_str(), ends[0]);
+    if (child > 0) return;
+    rmdir(path_.c_str());
+    path_.clear();
 }
