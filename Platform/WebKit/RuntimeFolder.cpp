@@ -6,39 +6,46 @@
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
-#include <filesystem>
 #include <unistd.h>
 
 namespace {
 
-// Whoever waits for the end of this process's output must not wait for the child's, and what ends this
-// process from the terminal must not end the child.
-[[noreturn]] void removeAtEnd(const std::string& folder, int life) {
+// Runs in the child: system calls only, since other threads may have held any lock. Whoever waits for the
+// end of this process's output must not wait for the child's, and what ends this process from the terminal
+// must not end the child.
+[[noreturn]] void removeAtEnd(const char* folder, int life) {
     for (int signalNumber : {SIGHUP, SIGINT, SIGTERM, SIGQUIT}) signal(signalNumber, SIG_IGN);
     dup2(life, 0);
     close_range(1, ~0U, 0);
     char byte;
     while (read(0, &byte, 1) < 0) {
     }
-    std::error_code ignored;
-    std::filesystem::remove_all(folder, ignored);
-    _exit(0);
+    execl("/bin/rm", "rm", "-rf", "--", folder, nullptr);
+    _exit(1);
+}
+
+// A new folder in the first of the places where there can be one; "" when there is none.
+std::string makeFolder() {
+    for (const std::string& place :
+         {fileSystemRepresentation(NSTemporaryDirectory()), std::string("/tmp"), std::string("/dev/shm")}) {
+        std::string folder = place + "/texttool-XXXXXX";
+        if (mkdtemp(folder.data())) return folder;
+    }
+    return {};
 }
 
 } // namespace
 
 RuntimeFolder::RuntimeFolder() {
-    std::string folder = fileSystemRepresentation(NSTemporaryDirectory()) + "/texttool-XXXXXX";
     int ends[2];
-    if (!mkdtemp(folder.data())) return;
-    const bool hasPipe = pipe2(ends, O_CLOEXEC) == 0;
-    const FileDescriptor reading(hasPipe ? ends[0] : -1);
-    life_ = FileDescriptor(hasPipe ? ends[1] : -1);
-    const pid_t child = hasPipe ? fork() : -1;
-    if (child == 0) removeAtEnd(folder, ends[0]);
-    if (child > 0) {
-        path_ = folder;
-    } else {
-        rmdir(folder.c_str());
-    }
+    if (pipe2(ends, O_CLOEXEC) != 0) return;
+    const FileDescriptor reading(ends[0]);
+    life_ = FileDescriptor(ends[1]);
+    path_ = makeFolder();
+    if (path_.empty()) return;
+    const pid_t child = fork();
+    if (child == 0) removeAtEnd(path_.c_str(), ends[0]);
+    if (child > 0) return;
+    rmdir(path_.c_str());
+    path_.clear();
 }

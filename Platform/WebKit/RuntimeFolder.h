@@ -10,7 +10,8 @@
 
 class RuntimeFolder {
 public:
-    // In the folder for temporary files, readable by this user alone.
+    // In the folder for temporary files, or in another that everybody may write to; readable by this user
+    // alone.
     RuntimeFolder();
 
     // "" when there is none to be had.

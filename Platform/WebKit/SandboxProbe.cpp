@@ -13,8 +13,8 @@ constexpr const char* kBusFilter = "/usr/bin/xdg-dbus-proxy";
 
 SandboxProbe::SandboxProbe() {
     if (access(kSandbox, X_OK) != 0 || access(kBusFilter, X_OK) != 0) return;
-    trial_ = ChildProcess({kSandbox, "--ro-bind", "/", "/", "--proc", "/proc", "--dev", "/dev",
-                           "--unshare-pid", "--unshare-net", "--unshare-uts", "/usr/bin/true"});
+    trial_ = ChildProcess({kSandbox, "--die-with-parent", "--ro-bind", "/", "/", "--proc", "/proc", "--dev",
+                           "/dev", "--unshare-pid", "--unshare-net", "--unshare-uts", "/usr/bin/true"});
 }
 
 bool SandboxProbe::succeeded() { return trial_.wait() == 0; }

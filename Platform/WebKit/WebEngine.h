@@ -9,7 +9,7 @@
 
 struct WebEngineSurroundings {
     std::string display;       // the name of the display server
-    std::string runtimeFolder; // for what concerns running programs; "" for the user's
+    std::string runtimeFolder; // for all that programs keep of the user; "" for none
     bool hasSandbox = false;   // the engine's sandbox works here
 };
 

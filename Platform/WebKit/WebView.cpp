@@ -21,7 +21,7 @@ std::unique_ptr<WebView> viewOfEngine(const NSRect& frame, NSString* why) {
     where.display = display.name(why);
     if (where.display.empty()) return nullptr;
     where.runtimeFolder = folder.path();
-    where.hasSandbox = sandbox.succeeded();
+    where.hasSandbox = sandbox.succeeded() && !where.runtimeFolder.empty();
     return std::unique_ptr<WebView>(entry(frame, where, why));
 }
 

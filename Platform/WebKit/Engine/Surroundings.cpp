@@ -10,6 +10,8 @@
 #include <cstdlib>
 #include <gtk/gtk.h>
 #include <unistd.h>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -32,6 +34,25 @@ constexpr Variable kEnvironment[] = {{"GDK_BACKEND", "x11"},
                                      {"GTK_THEME", nullptr},
                                      {"WAYLAND_DISPLAY", nullptr},
                                      {"XAUTHORITY", nullptr}};
+
+// The toolkit asks once where the user's folders are, and keeps the answers. All of them are in the runtime
+// folder: nothing of the user's takes part, nothing stays behind, and a home that is not there, which the
+// engine does not survive, does no harm. The program's own settings are still found where they were.
+void moveUserFolders(const std::string& folder) {
+    std::vector<std::pair<const char*, std::string>> before;
+    for (const char* name : {"HOME", "XDG_CACHE_HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME"}) {
+        if (const char* value = getenv(name)) before.emplace_back(name, value);
+        unsetenv(name);
+    }
+    setenv("XDG_RUNTIME_DIR", folder.c_str(), 1);
+    setenv("HOME", folder.c_str(), 1);
+    g_get_home_dir();
+    g_get_user_cache_dir();
+    g_get_user_config_dir();
+    g_get_user_data_dir();
+    unsetenv("HOME");
+    for (const auto& [name, value] : before) setenv(name, value.c_str(), 1);
+}
 
 unsigned long rounds = 0;
 
@@ -68,7 +89,7 @@ bool startToolkit(const WebEngineSurroundings& where) {
         }
     }
     setenv("DISPLAY", where.display.c_str(), 1);
-    if (!where.runtimeFolder.empty()) setenv("XDG_RUNTIME_DIR", where.runtimeFolder.c_str(), 1);
+    if (!where.runtimeFolder.empty()) moveUserFolders(where.runtimeFolder);
     g_log_set_writer_func(writeMessage, nullptr, nullptr);
     gtk_disable_setlocale();
     if (!gtk_init_check(nullptr, nullptr)) return false;
