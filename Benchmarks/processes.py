@@ -30,8 +30,9 @@ class Measurer:
         return program
 
     def run(self, command, output=subprocess.DEVNULL):
+        # Some programs write pictures into the folder that they are started in.
         subprocess.run([self.program, self.result, str(SECONDS), *command], stdin=subprocess.DEVNULL, stdout=output,
-                       stderr=subprocess.DEVNULL, env=self.environment, check=True)
+                       stderr=subprocess.DEVNULL, env=self.environment, cwd=self.folder, check=True)
         with open(self.result) as file:
             wall, cpu, memory, status = map(int, file.read().split())
         return Measurement(wall / 1e6, cpu / 1e6, memory / 1024, status)

@@ -49,7 +49,7 @@ function(add_texttool_module name)
         CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
     target_link_options(${name}Module PRIVATE -Wl,--exclude-libs,ALL)
     set_property(GLOBAL APPEND PROPERTY TEXTTOOL_MODULES ${name}Module)
-    install(TARGETS ${name}Module LIBRARY DESTINATION lib/texttool)
+    install(TARGETS ${name}Module LIBRARY DESTINATION ${TEXTTOOL_INSTALLED_MODULES})
 endfunction()
 
 # For a module whose library is C++ itself and brings the C++ runtime as a shared library: one copy of the runtime

@@ -29,10 +29,9 @@ constexpr Space kSpaces[] = {
 };
 
 MediaReader mediaReader(NSString* why) {
-    static NSString failure;
-    static const auto reader = reinterpret_cast<MediaReader>(moduleEntry("AVFoundation", &failure));
-    if (!reader && why) *why = failure;
-    return reader;
+    static const ModuleEntry<MediaReader> module("AVFoundation");
+    if (!module.get() && why) *why = module.why();
+    return module.get();
 }
 
 NSObject objectOfValue(const MediaValue& value) {

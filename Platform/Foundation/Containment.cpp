@@ -52,8 +52,9 @@ void writeAll(int file, const std::string& bytes) {
 }
 
 [[noreturn]] void beChild(int answerPipe, const std::function<std::string()>& work,
-                          const ContainmentLimits& limits) {
+                          const ContainmentLimits& limits, pid_t parent) {
     prctl(PR_SET_PDEATHSIG, SIGKILL);
+    if (getppid() != parent) _exit(1);
     // A crash here is no crash of the request, so nothing is said of it.
     for (int fatal : {SIGSEGV, SIGBUS, SIGABRT, SIGFPE, SIGILL, SIGTRAP, SIGSYS}) signal(fatal, SIG_DFL);
     const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
@@ -92,9 +93,10 @@ bool runContained(const std::function<std::string()>& work, std::string& answer,
     if (pipe2(ends, O_CLOEXEC) != 0) return false;
     const FileDescriptor readEnd(ends[0]);
     FileDescriptor writeEnd(ends[1]);
+    const pid_t parent = getpid();
     const pid_t child = fork();
     if (child < 0) return false;
-    if (child == 0) beChild(ends[1], work, limits);
+    if (child == 0) beChild(ends[1], work, limits, parent);
     writeEnd = FileDescriptor();
     const bool isComplete = readAnswer(ends[0], answer, limits);
     if (!isComplete) kill(child, SIGKILL);

@@ -3,10 +3,6 @@
 // Who the host is.
 #pragma once
 
-#ifndef TEXTTOOL_HOST_DOMAIN
-#define TEXTTOOL_HOST_DOMAIN "org.larkspur.Larkspur"
-#endif
-
 // The host application's identifier: the preferences domain of its settings.
 inline constexpr const char16_t* kHostDomain = u"" TEXTTOOL_HOST_DOMAIN;
 

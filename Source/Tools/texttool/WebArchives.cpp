@@ -12,7 +12,7 @@ void handleWebArchive() {
     }
     const WebArchive archive = WebArchive::initWithData(dataFromPath(path));
     if (!archive) {
-        // After the report of a file that could not be read, which this does not replace.
+        // A file that could not be read has been reported: on standard output that stays, in a file this is last.
         reportError(
             NSError(NSCocoaErrorDomain, NSFileReadCorruptFileError, {{NSString(NSFilePathErrorKey), path}}));
         return;
