@@ -13,10 +13,14 @@ namespace {
 constexpr int kNotStarted = 127;
 
 // Runs in the child between fork and exec: system calls only.
-[[noreturn]] void become(char* const* arguments, int inherited, pid_t parent) {
+[[noreturn]] void become(char* const* arguments, int inherited, ChildProcess::End end, pid_t parent) {
     // The request to end comes when the parent has gone, so that the program can clear away what it made.
-    prctl(PR_SET_PDEATHSIG, SIGTERM);
-    if (getppid() != parent) _exit(kNotStarted);
+    if (end == ChildProcess::End::withParent) {
+        prctl(PR_SET_PDEATHSIG, SIGTERM);
+        if (getppid() != parent) _exit(kNotStarted);
+    } else {
+        setsid(); // and out of reach of the terminal
+    }
     signal(SIGPIPE, SIG_DFL);
     const int nothing = open("/dev/null", O_RDWR);
     for (int fd = 0; fd < 3; ++fd) dup2(nothing, fd);
@@ -27,14 +31,15 @@ constexpr int kNotStarted = 127;
 
 } // namespace
 
-ChildProcess::ChildProcess(const std::vector<std::string>& command, const FileDescriptor* inherited) {
+ChildProcess::ChildProcess(const std::vector<std::string>& command, const FileDescriptor* inherited, End end)
+    : end_(end) {
     std::vector<char*> arguments;
     arguments.reserve(command.size() + 1);
     for (const std::string& word : command) arguments.push_back(const_cast<char*>(word.c_str()));
     arguments.push_back(nullptr);
     const pid_t parent = getpid();
     pid_ = fork();
-    if (pid_ == 0) become(arguments.data(), inherited ? inherited->get() : -1, parent);
+    if (pid_ == 0) become(arguments.data(), inherited ? inherited->get() : -1, end, parent);
 }
 
 int ChildProcess::wait() {
@@ -49,6 +54,6 @@ int ChildProcess::wait() {
 
 ChildProcess::~ChildProcess() {
     if (pid_ <= 0) return;
-    kill(pid_, SIGTERM);
+    if (end_ == End::withParent) kill(pid_, SIGTERM);
     wait();
 }

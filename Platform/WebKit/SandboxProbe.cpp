@@ -13,8 +13,10 @@ constexpr const char* kBusFilter = "/usr/bin/xdg-dbus-proxy";
 
 SandboxProbe::SandboxProbe() {
     if (access(kSandbox, X_OK) != 0 || access(kBusFilter, X_OK) != 0) return;
+    // Ended before its time it would leave a process behind, which waits for the one that was ended.
     trial_ = ChildProcess({kSandbox, "--die-with-parent", "--ro-bind", "/", "/", "--proc", "/proc", "--dev",
-                           "/dev", "--unshare-pid", "--unshare-net", "--unshare-uts", "/usr/bin/true"});
+                           "/dev", "--unshare-pid", "--unshare-net", "--unshare-uts", "/usr/bin/true"},
+                          nullptr, ChildProcess::End::byItself);
 }
 
 bool SandboxProbe::succeeded() { return trial_.wait() == 0; }
