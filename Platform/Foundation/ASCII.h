@@ -25,6 +25,11 @@ constexpr Unit lowered(Unit c) {
     return c >= 'A' && c <= 'Z' ? Unit(c + ('a' - 'A')) : c;
 }
 
+template <std::integral Unit>
+constexpr Unit uppered(Unit c) {
+    return c >= 'a' && c <= 'z' ? Unit(c - ('a' - 'A')) : c;
+}
+
 constexpr bool isLetter(char32_t c) { return lowered(c) >= U'a' && lowered(c) <= U'z'; }
 
 // The value of a hexadecimal digit; -1 of any other character.
@@ -75,6 +80,12 @@ constexpr bool isASCII(std::u16string_view text) { return ASCIIText::isASCII(tex
 
 inline std::string lowered(std::string_view text) { return ASCIIText::lowered(std::string(text)); }
 inline std::u16string lowered(std::u16string_view text) { return ASCIIText::lowered(std::u16string(text)); }
+
+inline std::string uppered(std::string_view text) {
+    std::string upper(text);
+    for (char& c : upper) c = uppered(c);
+    return upper;
+}
 
 constexpr bool equalIgnoringCase(std::string_view a, std::string_view b) {
     return ASCIIText::equalIgnoringCase(a, b);

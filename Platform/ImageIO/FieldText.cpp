@@ -18,7 +18,7 @@ bool isUpper(char16_t c) {
            c == 0x178 || c == 0x17D;
 }
 
-bool isLetter(char16_t c) { return isLower(c) || isUpper(c); }
+bool isWesternLetter(char16_t c) { return isLower(c) || isUpper(c); }
 
 bool isQuotationMark(char16_t c) { return c >= 0x2018 && c <= 0x201D && c != 0x201A && c != 0x201B; }
 
@@ -38,11 +38,11 @@ int likelihood(std::u16string_view text) {
         if (c < 0x80) continue;
         if (c < 0xA0) {
             score -= 3;
-        } else if (isLetter(c)) {
-            if (isLetter(before) || isLetter(after)) score += 1;
+        } else if (isWesternLetter(c)) {
+            if (isWesternLetter(before) || isWesternLetter(after)) score += 1;
             if (isUpper(c) && isLower(before)) score -= 2;
         } else if (isQuotationMark(c)) {
-            if (isLetter(before) || isLetter(after)) score += 1;
+            if (isWesternLetter(before) || isWesternLetter(after)) score += 1;
         } else if (!isUsualSymbol(c)) {
             score -= 1;
         }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/ImageIO/ImageKind.h"
 
+#include "Platform/Foundation/ASCII.h"
+
 #include <algorithm>
 #include <iterator>
 
@@ -9,14 +11,15 @@ namespace {
 constexpr std::string_view kPNGSignature = "\x89PNG\r\n\x1A\n";
 constexpr unsigned kChunkLimit = 100'000;
 
-bool isLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
-
 // Whether the chunks lie one behind the other, to the end chunk or to where the file was cut off.
 bool hasPNGChunks(ByteSource& source) {
     uint64_t at = kPNGSignature.size();
     for (unsigned count = 0; at + 8 <= source.size(); ++count) {
         const std::string type = source.bytes(at + 4, 4);
-        if (count == kChunkLimit || !std::all_of(type.begin(), type.end(), isLetter)) return false;
+        if (count == kChunkLimit || !std::all_of(type.begin(), type.end(), [](char c) {
+                return isLetter(static_cast<unsigned char>(c));
+            }))
+            return false;
         if (type == "IEND") break;
         at += 12 + source.bigEndian(at, 4);
     }

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "Platform/Foundation/ASCII.h"
 #include "Platform/Foundation/NSDate.h"
 #include "Platform/PDFKit/PDFTextString.h"
 
@@ -42,8 +43,6 @@ std::u16string_view withoutBlanks(std::u16string_view text) {
     if (first == std::u16string_view::npos) return {};
     return text.substr(first, text.find_last_not_of(blanks) - first + 1);
 }
-
-bool isDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
 
 // The zone after the time, in minutes east of UTC. False for what is no zone.
 bool takeZone(Scanner& scanner, int& minutes) {

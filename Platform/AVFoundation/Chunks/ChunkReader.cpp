@@ -3,6 +3,7 @@
 
 #include "Platform/AVFoundation/Atoms/AtomText.h"
 #include "Platform/AVFoundation/ID3/ID3Reader.h"
+#include "Platform/Foundation/ASCII.h"
 #include "Platform/Foundation/NSStringEncoding.h"
 #include "Platform/Foundation/UnicodeText.h"
 
@@ -107,9 +108,7 @@ public:
             const std::string bytes = allowance_.take(source_, chunk.body.part(4));
             std::string_view rest = bytes;
             while (!rest.empty()) {
-                std::string name(takeString(rest));
-                std::transform(name.begin(), name.end(), name.begin(),
-                               [](char c) { return c >= 'a' && c <= 'z' ? char(c - 32) : c; });
+                const std::string name = uppered(takeString(rest));
                 items_.push_back({MediaKeySpace::fieldName, name, textOfUTF8(takeString(rest))});
             }
         });

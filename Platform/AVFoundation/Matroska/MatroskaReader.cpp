@@ -2,6 +2,7 @@
 #include "Platform/AVFoundation/Matroska/MatroskaReader.h"
 
 #include "Platform/AVFoundation/Matroska/ElementList.h"
+#include "Platform/Foundation/ASCII.h"
 #include "Platform/Foundation/UnicodeText.h"
 
 #include <algorithm>
@@ -146,8 +147,7 @@ private:
             if (field.identifier == kTagName) tag.name = text(field.body);
             if (field.identifier == kTagString) tag.text = fromUTF8(text(field.body));
         }
-        std::transform(tag.name.begin(), tag.name.end(), tag.name.begin(),
-                       [](char c) { return c >= 'a' && c <= 'z' ? char(c - 32) : c; });
+        tag.name = uppered(tag.name);
         return tag;
     }
 

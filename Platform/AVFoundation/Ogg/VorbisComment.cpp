@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/AVFoundation/Ogg/OggReader.h"
+#include "Platform/Foundation/ASCII.h"
 #include "Platform/Foundation/UnicodeText.h"
 
 #include <algorithm>
@@ -24,9 +25,7 @@ void addVorbisComment(std::string_view comment, std::vector<MediaItem>& items) {
         const std::string_view field = takeString(comment);
         const size_t equals = field.find('=');
         if (equals == std::string_view::npos) continue;
-        std::string name(field.substr(0, equals));
-        std::transform(name.begin(), name.end(), name.begin(),
-                       [](char c) { return c >= 'a' && c <= 'z' ? char(c - 32) : c; });
-        items.push_back({MediaKeySpace::fieldName, std::move(name), fromUTF8(field.substr(equals + 1))});
+        items.push_back(
+            {MediaKeySpace::fieldName, uppered(field.substr(0, equals)), fromUTF8(field.substr(equals + 1))});
     }
 }

@@ -18,7 +18,7 @@ constexpr bool isArabicIndicDigit(char32_t c) {
     return (c >= 0x0660 && c <= 0x0669) || (c >= 0x06F0 && c <= 0x06F9);
 }
 
-constexpr bool isDigit(char32_t c) { return (c >= '0' && c <= '9') || isArabicIndicDigit(c); }
+constexpr bool isWrittenDigit(char32_t c) { return (c >= '0' && c <= '9') || isArabicIndicDigit(c); }
 
 // Signs that stand over or under the letter before them.
 constexpr bool isMark(char32_t c) {

@@ -36,7 +36,7 @@ bool isLetter(char32_t c) {
 
 Class classOf(char32_t c) {
     if (isBlank(c)) return Class::blank;
-    if (isDigit(c)) return Class::number;
+    if (isWrittenDigit(c)) return Class::number;
     if (isRightToLeft(c)) return Class::rightToLeft;
     return isLetter(c) ? Class::leftToRight : Class::other;
 }

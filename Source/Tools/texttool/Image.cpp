@@ -2,8 +2,6 @@
 #include "Source/Tools/texttool/Image.h"
 
 #include "Platform/Foundation/NSDebug.h"
-#include "Platform/Foundation/NSLog.h"
-#include "Platform/Foundation/StringFormat.h"
 #include "Platform/ImageIO/CGImageProperties.h"
 #include "Platform/ImageIO/CGImageSource.h"
 #include "Source/Tools/texttool/Extractors.h"
@@ -51,7 +49,7 @@ NSDictionary propertiesOfImage(const NSString& path) {
     CGImageSource source = CGImageSourceCreateWithURL(NSURL::fileURLWithPath(path));
     if (!source) return nullptr;
     NSDictionary properties = CGImageSourceCopyPropertiesAtIndex(source, 0);
-    if (properties && NSDebugEnabled()) NSLog(stringWithFormat("Properties for %@: %@", path, properties));
+    if (properties) debugLog("Properties for %@: %@", path, properties);
     return properties;
 }
 

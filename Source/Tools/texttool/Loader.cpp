@@ -7,11 +7,9 @@
 #include "Platform/Foundation/NSNumber.h"
 #include "Platform/Foundation/NSRunLoop.h"
 #include "Platform/Foundation/NSURLCache.h"
-#include "Platform/Foundation/StringFormat.h"
 #include "Source/Tools/texttool/Settings.h"
 #include "ZORFoundation/Source/NSError+ZOR.h"
 #include "ZORFoundation/Source/NSProcessInfo+ZOR.h"
-#include "ZORFoundation/Source/NSUserDefaults+ZOR.h"
 
 namespace {
 
@@ -26,21 +24,6 @@ const NSString& rootPage() {
 double now() { return NSDate::now().timeIntervalSinceReferenceDate(); }
 
 void runUntil(double referenceTime) { NSRunLoop::currentRunLoop().runUntilDate(NSDate(referenceTime)); }
-
-int64_t hostInteger(const char16_t* key, int64_t defaultValue) {
-    return zorIntegerForKey(NSUserDefaults::standardUserDefaults(), NSString(key), NSString(kHostDomain),
-                            defaultValue);
-}
-
-bool hostBool(const char16_t* key, bool defaultValue) {
-    return zorBoolForKey(NSUserDefaults::standardUserDefaults(), NSString(key), NSString(kHostDomain),
-                         defaultValue);
-}
-
-template <class... Arguments>
-void debugLog(std::string_view format, const Arguments&... arguments) {
-    if (NSDebugEnabled()) NSLog(stringWithFormat(format, arguments...));
-}
 
 } // namespace
 

@@ -29,9 +29,7 @@ void guarded(const Work& work) {
 }
 
 bool isSkippedName(const NSString& name) {
-    NSArray names =
-        as<NSArray>(zorObjectForKey(NSUserDefaults::standardUserDefaults(), NSString(u"TextToolSkippedNames"),
-                                    NSString(kHostDomain), NSArray(std::vector<NSObject>())));
+    NSArray names = as<NSArray>(hostObject(u"TextToolSkippedNames", NSArray(std::vector<NSObject>())));
     return std::any_of(names.begin(), names.end(),
                        [&](const NSObject& skipped) { return as<NSString>(skipped).isEqualToString(name); });
 }
@@ -39,11 +37,6 @@ bool isSkippedName(const NSString& name) {
 bool skipsPages(const NSString& path) {
     return NSUserDefaults::standardUserDefaults().boolForKey(NSString(u"SkipBody")) ||
            isSkippedName(lastPathComponent(path));
-}
-
-void reportCorruptFile(const NSString& path) {
-    reportError(
-        NSError(NSCocoaErrorDomain, NSFileReadCorruptFileError, {{NSString(NSFilePathErrorKey), path}}));
 }
 
 void reportDocument(const NSString& path, const NSString& text, const PDFDocument& document,

@@ -57,6 +57,11 @@ void reportMissingFile(const NSString& path) {
     reportError(NSError(NSCocoaErrorDomain, NSFileNoSuchFileError, {{NSString(NSFilePathErrorKey), path}}));
 }
 
+void reportCorruptFile(const NSString& path) {
+    reportError(
+        NSError(NSCocoaErrorDomain, NSFileReadCorruptFileError, {{NSString(NSFilePathErrorKey), path}}));
+}
+
 NSDictionary plistifyDictionary(const NSDictionary& dictionary) {
     NSMutableDictionary fit(dictionary);
     for (const auto& [key, value] : dictionary) {

@@ -24,6 +24,8 @@ void reportError(const NSError& error);
 
 // The error of a document that is not there.
 void reportMissingFile(const NSString& path);
+// The error of a document that is not of its kind.
+void reportCorruptFile(const NSString& path);
 
 // The dictionary with every value that is no string, data, date or number replaced by its description.
 NSDictionary plistifyDictionary(const NSDictionary& dictionary);

@@ -91,7 +91,5 @@ NSData dataFromPath(const NSString& path) {
 
 NSError withPathOfDocument(const NSError& error, const NSString& path) {
     if (!zorHasDomain(error, NSCocoaErrorDomain, NSExecutableLoadError)) return error;
-    NSMutableDictionary info(error.userInfo());
-    info.setObject(path, NSString(NSFilePathErrorKey));
-    return NSError(error.domain(), error.code(), std::move(info).copy());
+    return zorErrorBySettingFilePath(error, path);
 }

@@ -3,15 +3,14 @@
 
 #include "Platform/Foundation/NSAssertionHandler.h"
 #include "Platform/Foundation/NSDebug.h"
-#include "Platform/Foundation/NSLog.h"
 #include "Platform/Foundation/NSPathUtilities.h"
 #include "Platform/Foundation/NSProcessInfo.h"
+#include "Platform/Foundation/NSUserDefaults.h"
 #include "Platform/Foundation/StringFormat.h"
 #include "Source/Tools/texttool/Settings.h"
 #include "ZORFoundation/Source/NSProcessInfo+ZOR.h"
 #include "ZORFoundation/Source/NSString+ZORBasics.h"
 #include "ZORFoundation/Source/NSString+ZORPaths.h"
-#include "ZORFoundation/Source/NSUserDefaults+ZOR.h"
 #include "ZORFoundation/Source/ZOREmptyURLCache.h"
 #include "ZORFoundation/Source/ZORWebArchiveURLProtocol.h"
 
@@ -22,12 +21,6 @@ constexpr std::u16string_view kSeparator = u"\n----\n";
 // Nested hidden elements repeat their text, so that a page can make gigabytes of it. UTF-16 units of one
 // frame, after which no more is collected.
 constexpr size_t kMostHiddenText = size_t(1) << 26;
-
-NSUserDefaults& defaults() { return NSUserDefaults::standardUserDefaults(); }
-
-bool hostBool(const char16_t* key) {
-    return zorBoolForKey(defaults(), NSString(key), NSString(kHostDomain), false);
-}
 
 void registerProtocol() {
     const bool ok = NSURLProtocol::registerClass(ZORWebArchiveURLProtocol::protocolClass());
@@ -40,16 +33,11 @@ void registerProtocol() {
 
 bool runsScripts() {
     return NSProcessInfo::processInfo().environmentValue("RetryWithJavaScript").isEqualToString(u"YES") ||
-           hostBool(u"LkTextToolEnableJavaScript");
+           hostBool(u"LkTextToolEnableJavaScript", false);
 }
 
 bool isOffline() {
-    return !NSProcessInfoZOR::zorIsMavericksOrBetter() || hostBool(u"LkTextToolForceOffline");
-}
-
-template <class... Arguments>
-void debugLog(std::string_view format, const Arguments&... arguments) {
-    if (NSDebugEnabled()) NSLog(stringWithFormat(format, arguments...));
+    return !NSProcessInfoZOR::zorIsMavericksOrBetter() || hostBool(u"LkTextToolForceOffline", false);
 }
 
 } // namespace
@@ -64,9 +52,8 @@ void TextLoader::clearURLCache() {
 }
 
 void TextLoader::loadWebArchive(const WebArchive& archive) {
-    if (!hostBool(u"ZORSuppressWebArchiveWorkaround")) registerProtocol();
-    const int64_t timeout =
-        zorIntegerForKey(defaults(), NSString(u"LkTextToolWebArchiveTimeout"), NSString(kHostDomain), 20);
+    if (!hostBool(u"ZORSuppressWebArchiveWorkaround", false)) registerProtocol();
+    const int64_t timeout = hostInteger(u"LkTextToolWebArchiveTimeout", 20);
     _timeoutDate = NSDate(NSDate::now().timeIntervalSinceReferenceDate() + double(timeout));
     _view->setTimeoutDate(_timeoutDate);
     startLoading();
@@ -79,7 +66,7 @@ void TextLoader::loadWebArchive(const WebArchive& archive) {
     _resourceLoadDelegate->setWorkaroundEnabled(true);
     _resourceLoadDelegate->setWebArchive(archive);
     _view->setResourceLoadDelegate(_resourceLoadDelegate.get());
-    _justTitle = defaults().boolForKey(NSString(u"SkipBody"));
+    _justTitle = NSUserDefaults::standardUserDefaults().boolForKey(NSString(u"SkipBody"));
     _view->mainFrame().loadArchive(archive);
     waitUntilDone();
 }

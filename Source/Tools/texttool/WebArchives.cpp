@@ -12,9 +12,8 @@ void handleWebArchive() {
     }
     const WebArchive archive = WebArchive::initWithData(dataFromPath(path));
     if (!archive) {
-        // A file that could not be read has been reported: on standard output that stays, in a file this is last.
-        reportError(
-            NSError(NSCocoaErrorDomain, NSFileReadCorruptFileError, {{NSString(NSFilePathErrorKey), path}}));
+        // A file that could not be read has been reported before: on standard output that stands.
+        reportCorruptFile(path);
         return;
     }
     TextLoader loader;
