@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// The importers that the tool brings: its own readers, asked for nothing but text.
+#pragma once
+
+#include "Platform/Foundation/NSString.h"
+#include "Platform/SearchKit/ImportedFile.h"
+
+#include <string>
+#include <string_view>
+
+enum class ImportStatus {
+    read,         // the text holds all that could be read, which may be nothing
+    failed,       // the document is damaged or locked, or its importer did not do its work
+    missingReader // the importer itself cannot be loaded
+};
+
+// Appends the text of the document. `why` says what went wrong when the status is not `read`.
+using BuiltinImporter = ImportStatus (*)(ImportedFile& file, std::u16string& text, NSString& why);
+
+// Null for a name of none: "text", "html", "rtf", "rtfd", "doc", "docx", "odt", "pdf", "image", "media".
+BuiltinImporter builtinImporterNamed(std::string_view name);
+
+// The name of the importer for a document by its first bytes alone; "" when they tell of no kind.
+std::string_view builtinImporterForContent(ImportedFile& file);
