@@ -9,6 +9,7 @@
 #include "Platform/ImageIO/CGImageProperties.h"
 #include "Platform/ImageIO/CGImageSource.h"
 #include "Platform/PDFKit/PDFDocument.h"
+#include "Platform/SearchKit/TextLines.h"
 
 namespace {
 
@@ -28,26 +29,15 @@ ImportStatus outcomeOf(ReadStatus status, NSString& why) {
     }
 }
 
-ImportStatus readAs(const char16_t* type, const NSData& data, std::u16string& text, NSString& why) {
-    if (!data) return failed(why, u"it cannot be read");
-    const DocumentReader reader = readerOfKind(*documentKindOfType(type), &why);
-    if (!reader) return ImportStatus::missingReader;
-    DocumentContents contents;
-    Deadline deadline(kTimeout);
-    const ReadStatus status = readGuarded(reader, data.bytes(), deadline, contents);
-    text += contents.text;
-    return outcomeOf(status, why);
-}
-
 template <const char16_t* const& type>
 ImportStatus importText(ImportedFile& file, std::u16string& text, NSString& why) {
-    return readAs(type, file.data(), text, why);
+    return importData(type, file.data(), text, why);
 }
 
 // A folder with its text in it.
 ImportStatus importRTFD(ImportedFile& file, std::u16string& text, NSString& why) {
     ImportedFile inner(stringByAppendingPathComponent(file.path(), u"TXT.rtf"));
-    return readAs(NSRTFDTextDocumentType, inner.data(), text, why);
+    return importData(NSRTFDTextDocumentType, inner.data(), text, why);
 }
 
 ImportStatus importPDF(ImportedFile& file, std::u16string& text, NSString& why) {
@@ -97,17 +87,36 @@ ImportStatus importMedia(ImportedFile& file, std::u16string& text, NSString& why
 constexpr struct {
     std::string_view name;
     BuiltinImporter importer;
+    std::string_view types;
 } kImporters[] = {
-    {"text", importText<NSPlainTextDocumentType>},
-    {"html", importText<NSHTMLTextDocumentType>},
-    {"rtf", importText<NSRTFTextDocumentType>},
-    {"rtfd", importRTFD},
-    {"doc", importText<NSDocFormatTextDocumentType>},
-    {"docx", importText<NSOfficeOpenXMLTextDocumentType>},
-    {"odt", importText<NSOpenDocumentTextDocumentType>},
-    {"pdf", importPDF},
-    {"image", importImage},
-    {"media", importMedia},
+    {"text", importText<NSPlainTextDocumentType>, "text/plain"},
+    {"html", importText<NSHTMLTextDocumentType>,
+     "text/html;"
+     "application/xhtml+xml"},
+    {"rtf", importText<NSRTFTextDocumentType>,
+     "application/rtf;"
+     "text/rtf"},
+    {"rtfd", importRTFD, ""},
+    {"doc", importText<NSDocFormatTextDocumentType>,
+     "application/msword;"
+     "application/msword-template"},
+    {"docx", importText<NSOfficeOpenXMLTextDocumentType>,
+     "application/vnd.openxmlformats-officedocument.wordprocessingml.document;"
+     "application/vnd.openxmlformats-officedocument.wordprocessingml.template;"
+     "application/vnd.ms-word.document.macroEnabled.12;"
+     "application/vnd.ms-word.template.macroEnabled.12"},
+    {"odt", importText<NSOpenDocumentTextDocumentType>,
+     "application/vnd.oasis.opendocument.text;"
+     "application/vnd.oasis.opendocument.text-template;"
+     "application/vnd.oasis.opendocument.text-master;"
+     "application/vnd.oasis.opendocument.text-web;"
+     "application/vnd.oasis.opendocument.text-flat-xml"},
+    {"pdf", importPDF, "application/pdf"},
+    {"image", importImage, "image/*"},
+    {"media", importMedia,
+     "audio/*;"
+     "video/*;"
+     "application/ogg"},
 };
 
 } // namespace
@@ -117,4 +126,28 @@ BuiltinImporter builtinImporterNamed(std::string_view name) {
         if (known.name == name) return known.importer;
     }
     return nullptr;
+}
+
+std::vector<ImporterDescriptor> builtinImporters() {
+    std::vector<ImporterDescriptor> descriptors;
+    for (const auto& known : kImporters) {
+        ImporterDescriptor descriptor;
+        descriptor.name = descriptor.reader = known.name;
+        for (std::string_view rest = known.types; !rest.empty();)
+            descriptor.mimeTypes.emplace_back(takePart(rest, ';'));
+        descriptors.push_back(std::move(descriptor));
+    }
+    return descriptors;
+}
+
+ImportStatus importData(const NSString& documentType, const NSData& data, std::u16string& text,
+                        NSString& why) {
+    if (!data) return failed(why, u"it cannot be read");
+    const DocumentReader reader = readerOfKind(*documentKindOfType(documentType), &why);
+    if (!reader) return ImportStatus::missingReader;
+    DocumentContents contents;
+    Deadline deadline(kTimeout);
+    const ReadStatus status = readGuarded(reader, data.bytes(), deadline, contents);
+    text += contents.text;
+    return outcomeOf(status, why);
 }

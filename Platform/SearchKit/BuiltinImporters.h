@@ -5,9 +5,11 @@
 
 #include "Platform/Foundation/NSString.h"
 #include "Platform/SearchKit/ImportedFile.h"
+#include "Platform/SearchKit/ImporterDescriptor.h"
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 enum class ImportStatus {
     read,         // the text holds all that could be read, which may be nothing
@@ -20,6 +22,13 @@ using BuiltinImporter = ImportStatus (*)(ImportedFile& file, std::u16string& tex
 
 // Null for a name of none: "text", "html", "rtf", "rtfd", "doc", "docx", "odt", "pdf", "image", "media".
 BuiltinImporter builtinImporterNamed(std::string_view name);
+
+// What the built-in importers say of themselves.
+std::vector<ImporterDescriptor> builtinImporters();
+
+// Appends the text of a document of one of AppKit's types. nil data is a failure.
+ImportStatus importData(const NSString& documentType, const NSData& data, std::u16string& text,
+                        NSString& why);
 
 // The name of the importer for a document by its first bytes alone; "" when they tell of no kind.
 std::string_view builtinImporterForContent(ImportedFile& file);

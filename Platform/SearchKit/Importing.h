@@ -7,6 +7,9 @@
 
 #include <string>
 
+// Looks up what importers and kinds of files there are on the system, once.
+void loadImporters();
+
 // Appends the text of the document, nothing when no importer knows its kind. False when the document cannot
 // be opened or the built-in reader for its kind cannot be loaded; an importer that fails costs only the text,
 // and the log tells why. The MIME type may be nil: then the document's kind is looked at.

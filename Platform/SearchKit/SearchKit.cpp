@@ -41,7 +41,7 @@ bool withMemory(const Work& work) {
 
 } // namespace
 
-void SKLoadDefaultExtractorPlugIns() {}
+void SKLoadDefaultExtractorPlugIns() { loadImporters(); }
 
 SKIndexRef SKIndexCreateWithMutableData(const CFMutableDataRef& data, const NSString&, SKIndexType type,
                                         const NSDictionary& properties) {
