@@ -4,6 +4,7 @@
 #include "Platform/AVFoundation/AVAsset.h"
 #include "Platform/AppKit/DocumentKinds.h"
 #include "Platform/AppKit/NSDocumentAttributes.h"
+#include "Platform/AppKit/XMLText/XMLTextReaders.h"
 #include "Platform/Foundation/NSException.h"
 #include "Platform/Foundation/NSPathUtilities.h"
 #include "Platform/ImageIO/CGImageProperties.h"
@@ -27,6 +28,17 @@ ImportStatus outcomeOf(ReadStatus status, NSString& why) {
     case ReadStatus::locked: return failed(why, u"it is protected by a password");
     default: return failed(why, u"there is not enough memory");
     }
+}
+
+// Kinds of which nothing but the words is ever wanted.
+constexpr DocumentKind kWordKinds[] = {{kXMLTextType, u"public.xml", nullptr, "OpenPackage"},
+                                       {kPackageTextType, u"public.zip-archive", nullptr, "OpenPackage"}};
+
+const DocumentKind& kindOfType(const NSString& documentType) {
+    for (const DocumentKind& kind : kWordKinds) {
+        if (documentType.text() == kind.documentType) return kind;
+    }
+    return *documentKindOfType(documentType);
 }
 
 template <const char16_t* const& type>
@@ -112,6 +124,23 @@ constexpr struct {
      "application/vnd.oasis.opendocument.text-web;"
      "application/vnd.oasis.opendocument.text-flat-xml"},
     {"pdf", importPDF, "application/pdf"},
+    {"xml", importText<kXMLTextType>, "application/xml;text/xml;image/svg+xml;application/x-fictionbook+xml"},
+    {"package", importText<kPackageTextType>,
+     "application/vnd.openxmlformats-officedocument.spreadsheetml.sheet;"
+     "application/vnd.openxmlformats-officedocument.spreadsheetml.template;"
+     "application/vnd.openxmlformats-officedocument.presentationml.presentation;"
+     "application/vnd.openxmlformats-officedocument.presentationml.slideshow;"
+     "application/vnd.openxmlformats-officedocument.presentationml.slide;"
+     "application/vnd.openxmlformats-officedocument.presentationml.template;"
+     "application/vnd.oasis.opendocument.spreadsheet;"
+     "application/vnd.oasis.opendocument.spreadsheet-template;"
+     "application/vnd.oasis.opendocument.presentation;"
+     "application/vnd.oasis.opendocument.presentation-template;"
+     "application/vnd.oasis.opendocument.graphics;"
+     "application/vnd.oasis.opendocument.graphics-template;"
+     "application/vnd.oasis.opendocument.chart;"
+     "application/vnd.sun.xml.calc;application/vnd.sun.xml.impress;application/vnd.sun.xml.draw;"
+     "application/epub+zip"},
     {"image", importImage, "image/*"},
     {"media", importMedia,
      "audio/*;"
@@ -143,7 +172,7 @@ std::vector<ImporterDescriptor> builtinImporters() {
 ImportStatus importData(const NSString& documentType, const NSData& data, std::u16string& text,
                         NSString& why) {
     if (!data) return failed(why, u"it cannot be read");
-    const DocumentReader reader = readerOfKind(*documentKindOfType(documentType), &why);
+    const DocumentReader reader = readerOfKind(kindOfType(documentType), &why);
     if (!reader) return ImportStatus::missingReader;
     DocumentContents contents;
     Deadline deadline(kTimeout);

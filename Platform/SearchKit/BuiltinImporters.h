@@ -20,13 +20,15 @@ enum class ImportStatus {
 // Appends the text of the document. `why` says what went wrong when the status is not `read`.
 using BuiltinImporter = ImportStatus (*)(ImportedFile& file, std::u16string& text, NSString& why);
 
-// Null for a name of none: "text", "html", "rtf", "rtfd", "doc", "docx", "odt", "pdf", "image", "media".
+// Null for a name of none: "text", "html", "rtf", "rtfd", "doc", "docx", "odt", "pdf", "xml",
+// "package", "image", "media".
 BuiltinImporter builtinImporterNamed(std::string_view name);
 
 // What the built-in importers say of themselves.
 std::vector<ImporterDescriptor> builtinImporters();
 
-// Appends the text of a document of one of AppKit's types. nil data is a failure.
+// Appends the text of a document of one of AppKit's types, or of the two of XMLTextReaders.h. nil data is a
+// failure.
 ImportStatus importData(const NSString& documentType, const NSData& data, std::u16string& text,
                         NSString& why);
 

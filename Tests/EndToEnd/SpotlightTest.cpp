@@ -10,6 +10,7 @@
 #include "Tests/Support/MediaWriter.h"
 #include "Tests/Support/PDFWriter.h"
 #include "Tests/Support/WordDocumentWriter.h"
+#include "Tests/Support/ZipWriter.h"
 
 #include <filesystem>
 #include <sys/stat.h>
@@ -81,6 +82,30 @@ TEST_F(Spotlight, ReadsDocumentsOfEveryReader) {
     WordDocumentWriter word;
     word.paragraph(u"Old words");
     EXPECT_EQ(termsOf("a.doc", word.finish()), "old words ");
+}
+
+TEST_F(Spotlight, ReadsPackagesAndXMLForTheirWords) {
+    ZipWriter sheet, slides, book, openSheet;
+    sheet.add("xl/sharedStrings.xml", "<sst><si><t>Shared word</t></si></sst>");
+    EXPECT_EQ(termsOf("a.xlsx", sheet.finish()), "shared word ");
+    slides.add("ppt/slides/slide1.xml", "<s xmlns:a='a'><a:p><a:t>Slide</a:t></a:p></s>");
+    EXPECT_EQ(termsOf("a.pptx", slides.finish()), "slide ");
+    book.add("OEBPS/one.xhtml", "<html><body><p>Chapter</p></body></html>");
+    EXPECT_EQ(termsOf("a.epub", book.finish()), "chapter ");
+    openSheet.add("content.xml", "<d xmlns:t='t'><t:p>Cell</t:p></d>");
+    for (const char* name : {"a.ods", "a.odp", "a.odg"})
+        EXPECT_EQ(termsOf(name, openSheet.finish()), "cell ");
+    EXPECT_EQ(termsOf("a.svg", "<svg><style>x</style><text>Drawn</text></svg>"), "drawn ");
+    EXPECT_EQ(termsOf("a.fb2", "<FictionBook><body><p>Fiction</p></body><binary>QUI</binary></FictionBook>"),
+              "fiction ");
+    EXPECT_EQ(termsOf("a.xml", "<x a='no'>Value</x>"), "value ");
+}
+
+TEST_F(Spotlight, ReadsPlainFormatsAsTheyAre) {
+    EXPECT_EQ(termsOf("a.csv", "Name,\"Ada\"\n"), "ada name ");
+    EXPECT_EQ(termsOf("a.json", "{\"key\": \"Value\"}"), "key value ");
+    EXPECT_EQ(termsOf("a.srt", "1\nHello there\n"), "1 hello there ");
+    EXPECT_EQ(termsOf("a.md", "# Title\n"), "title ");
 }
 
 TEST_F(Spotlight, ReadsTheValuesOfMediaAndImages) {
