@@ -10,6 +10,7 @@
 #include "Platform/ImageIO/CGImageProperties.h"
 #include "Platform/ImageIO/CGImageSource.h"
 #include "Platform/PDFKit/PDFDocument.h"
+#include "Platform/SearchKit/Mail.h"
 #include "Platform/SearchKit/TextLines.h"
 
 namespace {
@@ -102,9 +103,7 @@ constexpr struct {
     std::string_view types;
 } kImporters[] = {
     {"text", importText<NSPlainTextDocumentType>, "text/plain"},
-    {"html", importText<NSHTMLTextDocumentType>,
-     "text/html;"
-     "application/xhtml+xml"},
+    {"html", importText<NSHTMLTextDocumentType>, "text/html;application/xhtml+xml"},
     {"rtf", importText<NSRTFTextDocumentType>,
      "application/rtf;"
      "text/rtf"},
@@ -125,6 +124,9 @@ constexpr struct {
      "application/vnd.oasis.opendocument.text-flat-xml"},
     {"pdf", importPDF, "application/pdf"},
     {"xml", importText<kXMLTextType>, "application/xml;text/xml;image/svg+xml;application/x-fictionbook+xml"},
+    {"mail", importMessage, "message/rfc822"},
+    {"mailbox", importMailbox, "application/mbox"},
+    {"savedpage", importSavedPage, "application/x-mimearchive;multipart/related"},
     {"package", importText<kPackageTextType>,
      "application/vnd.openxmlformats-officedocument.spreadsheetml.sheet;"
      "application/vnd.openxmlformats-officedocument.spreadsheetml.template;"
