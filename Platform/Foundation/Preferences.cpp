@@ -2,6 +2,7 @@
 #include "Platform/Foundation/Preferences.h"
 
 #include "Platform/Foundation/ASCII.h"
+#include "Platform/Foundation/BaseFolders.h"
 #include "Platform/Foundation/NSData.h"
 #include "Platform/Foundation/NSLog.h"
 #include "Platform/Foundation/NSNumber.h"
@@ -18,26 +19,6 @@
 #include <vector>
 
 namespace {
-
-std::string absoluteOr(const char* variable, const std::string& otherwise) {
-    const char* value = getenv(variable);
-    return value && value[0] == '/' ? value : otherwise;
-}
-
-std::vector<std::string> configurationFolders() {
-    std::vector<std::string> folders;
-    std::string home = absoluteOr("HOME", "");
-    std::string user = absoluteOr("XDG_CONFIG_HOME", home.empty() ? "" : home + "/.config");
-    if (!user.empty()) folders.push_back(user);
-    const char* listed = getenv("XDG_CONFIG_DIRS");
-    std::string system = listed && *listed ? listed : "/etc/xdg";
-    for (size_t at = 0; at <= system.size();) {
-        size_t end = std::min(system.find(':', at), system.size());
-        if (end > at && system[at] == '/') folders.push_back(system.substr(at, end - at));
-        at = end + 1;
-    }
-    return folders;
-}
 
 NSDictionary readList(const std::string& file) {
     if (access(file.c_str(), F_OK) != 0) return nullptr;

@@ -12,6 +12,9 @@ struct UnicodeRange {
     size_t start, end;
 };
 
+// Takes one word, good until it returns. False when no more are wanted.
+using WordSink = bool (*)(void* context, std::u16string_view word) noexcept;
+
 // What the module's entry, a function without arguments, answers. No function throws: those that answer bool
 // say false when memory is short.
 struct UnicodeFunctions {
@@ -26,6 +29,11 @@ struct UnicodeFunctions {
     // that sense, whole characters only; the empty range when there is none.
     bool (*find)(std::u16string_view text, std::u16string_view wanted, unsigned options,
                  UnicodeRange& found) noexcept;
+
+    // Hands the words of a text to the sink one by one, folded as terms of an index are: in the form NFKC and
+    // without case. Numbers are words, and so are those of languages that put no blanks between them. False
+    // also when the sink said so.
+    bool (*words)(std::u16string_view text, WordSink sink, void* context) noexcept;
 };
 
 // Loads the module at the first call. Raises a generic exception when it is missing.

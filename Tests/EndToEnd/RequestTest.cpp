@@ -89,18 +89,6 @@ TEST_F(Request, OfBrokenOrBottomlessListsIsAPath) {
     }
 }
 
-TEST_F(Request, WithoutAReaderLogsTheReasonAndAnswersNothing) {
-    const std::pair<const char*, const char*> kinds[] = {
-        {"SpotlightPath", "files of any kind through importers"}};
-    std::string file = write("document", "bytes");
-    for (const auto& [key, kind] : kinds) {
-        ToolResult result = request(key, file);
-        EXPECT_EQ(result.output, "") << key;
-        EXPECT_EQ(logLines(result),
-                  Lines{std::string("NSGenericException: this build has no reader for ") + kind});
-    }
-}
-
 TEST_F(Request, MayStandInTheStoredPreferences) {
     std::string file = write("stored.rtf", "{\\rtf1 stored}"), other = write("other.rtf", "{\\rtf1 other}");
     write(TEXTTOOL_HOST_DOMAIN ".texttool.plist", "{ RTFPath = \"" + file + "\"; }");

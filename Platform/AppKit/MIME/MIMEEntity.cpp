@@ -85,9 +85,9 @@ std::string MIMEEntity::mediaType() const {
     return name.empty() ? "text/plain" : lowered(name);
 }
 
-std::string MIMEEntity::parameter(std::string_view name) const {
-    const std::string type = field("Content-Type");
-    std::string_view rest = type;
+std::string MIMEEntity::parameter(std::string_view fieldName, std::string_view name) const {
+    const std::string value = field(fieldName);
+    std::string_view rest = value;
     for (;;) {
         const size_t semicolon = rest.find(';');
         if (semicolon == rest.npos) return {};
@@ -97,8 +97,8 @@ std::string MIMEEntity::parameter(std::string_view name) const {
         const std::string_view found = trimmed(rest.substr(0, equals), isBlank);
         rest.remove_prefix(equals + 1);
         while (!rest.empty() && isBlank(char32_t(rest.front()))) rest.remove_prefix(1);
-        std::string value = takeParameterValue(rest);
-        if (equalIgnoringCase(found, name)) return value;
+        std::string foundValue = takeParameterValue(rest);
+        if (equalIgnoringCase(found, name)) return foundValue;
     }
 }
 

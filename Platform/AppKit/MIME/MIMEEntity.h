@@ -26,7 +26,9 @@ public:
     // What the field Content-Type says: "text/html", in small letters; "text/plain" when there is none.
     std::string mediaType() const;
     // A parameter of it, such as "charset"; or "".
-    std::string parameter(std::string_view name) const;
+    std::string parameter(std::string_view name) const { return parameter("Content-Type", name); }
+    // One of another field, such as "filename" of Content-Disposition; or "".
+    std::string parameter(std::string_view fieldName, std::string_view name) const;
 
     // The body, decoded from base64 or quoted-printable when it is in one of these.
     std::string contents() const;

@@ -26,9 +26,17 @@ bool find(std::u16string_view text, std::u16string_view wanted, unsigned options
     }
 }
 
+bool words(std::u16string_view text, WordSink sink, void* context) noexcept {
+    try {
+        return breakWords(text, sink, context);
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
+}
+
 } // namespace
 
 extern "C" __attribute__((visibility("default"))) const UnicodeFunctions* MODULE_ENTRY() {
-    static constexpr UnicodeFunctions functions{clusterAround, fold, find};
+    static constexpr UnicodeFunctions functions{clusterAround, fold, find, words};
     return &functions;
 }

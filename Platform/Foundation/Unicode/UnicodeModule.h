@@ -8,3 +8,4 @@
 UnicodeRange clusterAround(std::u16string_view text, size_t index) noexcept;
 std::u16string folded(std::u16string_view text, unsigned options);
 UnicodeRange findFolded(std::u16string_view text, std::u16string_view wanted, unsigned options);
+bool breakWords(std::u16string_view text, WordSink sink, void* context);

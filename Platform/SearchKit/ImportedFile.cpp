@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "Platform/SearchKit/ImportedFile.h"
+
+#include "Platform/Foundation/ByteSource.h"
+#include "Platform/Foundation/FileDescriptor.h"
+#include "Platform/Foundation/NSPathUtilities.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+ImportedFile::ImportedFile(const NSString& path) : path_(path) {
+    const std::string name = fileSystemRepresentation(path);
+    struct stat info {};
+    if (stat(name.c_str(), &info) != 0) return;
+    isFolder_ = S_ISDIR(info.st_mode);
+    if (S_ISREG(info.st_mode)) readStart(name);
+}
+
+void ImportedFile::readStart(const std::string& name) {
+    const FileDescriptor file(open(name.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    if (!file) return;
+    isFile_ = true;
+    start_ = FileSource(file.get()).bytes(0, kStartSize);
+}
+
+const NSData& ImportedFile::data() {
+    if (!data_) data_ = NSData::dataWithContentsOfFile(path_, NSDataReadingUncached, nullptr);
+    return data_;
+}

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "Platform/SearchKit/Importing.h"
+
+#include "Platform/Foundation/BaseFolders.h"
+#include "Platform/Foundation/NSLog.h"
+#include "Platform/Foundation/NSPathUtilities.h"
+#include "Platform/Foundation/StringFormat.h"
+#include "Platform/SearchKit/ForeignImporters.h"
+#include "Platform/SearchKit/ImporterRegistry.h"
+#include "Platform/SearchKit/MIMEDatabase.h"
+
+#include <optional>
+
+namespace {
+
+struct Importers {
+    MIMEDatabase kinds{dataFolders()};
+    ImporterRegistry registry{dataFolders()};
+};
+
+const Importers& importers() {
+    static const Importers all;
+    return all;
+}
+
+std::string typeOfDocument(const ImportedFile& file) {
+    if (file.isFolder()) return "inode/directory";
+    return importers().kinds.typeOf(fileSystemRepresentation(lastPathComponent(file.path())), file.start());
+}
+
+// The built-in importer that the bytes call for. When the kind is known, only plain text is still possible.
+std::string_view readerByContent(ImportedFile& file, bool isKnown) {
+    const std::string_view reader = builtinImporterForContent(file);
+    return isKnown && reader != "text" ? "" : reader;
+}
+
+// A name can be wrong: then what the bytes say counts.
+ImportStatus importBuiltin(std::string_view name, ImportedFile& file, std::u16string& text, NSString& why) {
+    const ImportStatus status = builtinImporterNamed(name)(file, text, why);
+    const std::string_view other = status == ImportStatus::failed ? builtinImporterForContent(file) : "";
+    if (other.empty() || other == name) return status;
+    return builtinImporterNamed(other)(file, text, why);
+}
+
+ImportStatus import(ImportedFile& file, const std::string& type, std::u16string& text, NSString& why) {
+    const ImporterDescriptor* importer =
+        importers().registry.importerForTypes(importers().kinds.lineage(type), isInstalled);
+    if (importer && importer->type != ImporterDescriptor::Type::builtin)
+        return runForeignImporter(*importer, file, text, why);
+    const bool isKnown = !type.empty() && !file.isFolder();
+    const std::string_view reader = importer ? importer->reader : readerByContent(file, isKnown);
+    return reader.empty() ? ImportStatus::read : importBuiltin(reader, file, text, why);
+}
+
+} // namespace
+
+void loadImporters() { importers(); }
+
+bool importDocument(const NSString& path, const NSString& mimeType, std::u16string& text) {
+    ImportedFile file(path);
+    if (!file.isReadable()) return false;
+    NSString why;
+    const ImportStatus status = import(file, mimeType ? mimeType.utf8() : typeOfDocument(file), text, why);
+    if (status != ImportStatus::read) NSLog(stringWithFormat("No text of %@: %@", path, why));
+    return status != ImportStatus::missingReader;
+}

@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// From a document of any kind to its text, by the importer for its kind.
+#pragma once
+
+#include "Platform/Foundation/NSString.h"
+
+#include <string>
+
+// Looks up what importers and kinds of files there are on the system, once.
+void loadImporters();
+
+// Appends the text of the document, nothing when no importer knows its kind. False when the document cannot
+// be opened or the built-in reader for its kind cannot be loaded; an importer that fails costs only the text,
+// and the log tells why. The MIME type may be nil: then the document's kind is looked at.
+bool importDocument(const NSString& path, const NSString& mimeType, std::u16string& text);
