@@ -13,8 +13,8 @@ namespace {
 class Extract : public testing::Test {
 protected:
     ToolResult extract(const std::vector<std::string>& files) const {
-        std::map<std::string, std::string> environment = {{"PATH", getenv("PATH")},
-                                                          {"OutPath", "/nonexistent/out"}};
+        std::map<std::string, std::string> environment = {
+            {"PATH", getenv("PATH")}, {"OutPath", "/nonexistent/out"}, {"XDG_CONFIG_HOME", folder.path()}};
         return runTool({.arguments = files,
                         .environment = environment,
                         .directory = folder.path(),
@@ -83,11 +83,13 @@ TEST_F(Extract, OfAMissingFileOrAnEmptyPathFails) {
 }
 
 TEST_F(Extract, SaysWhenThereIsNoRecord) {
+    // A stored request for what no file system can name.
+    write(TEXTTOOL_HOST_DOMAIN ".texttool.plist", "{ WebArchivePath = \"/tmp\\U0000x\"; }");
     write("a.txt", "text");
     ToolResult result = extract({"a.txt"});
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.output.find("There is no record. The tool logged:\n"), 0u) << result.output;
-    EXPECT_NE(result.output.find("NSGenericException: "), std::string::npos);
+    EXPECT_NE(result.output.find("NSCharacterConversionException: "), std::string::npos);
 }
 
 TEST_F(Extract, WithoutAFileSaysHowItIsUsed) {
