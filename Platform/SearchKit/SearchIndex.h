@@ -5,12 +5,12 @@
 #pragma once
 
 #include "Platform/Foundation/NSString.h"
+#include "Platform/SearchKit/TermTable.h"
 
 #include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 class SearchIndex {
@@ -37,30 +37,29 @@ public:
     std::vector<uint32_t> positions(int64_t termID, int64_t document) const;
 
 private:
-    struct Posting {
-        uint32_t document, position;
-    };
-    using Postings = std::vector<Posting>;
-    struct Hash {
-        using is_transparent = void;
-        size_t operator()(std::u16string_view text) const { return std::hash<std::u16string_view>()(text); }
-    };
-    struct Committed {
-        size_t offset; // of the term's bytes in the data
-        const Postings* postings;
+    // A document is the row of its words: where one stands is where a term's number is.
+    struct Document {
+        NSString url;
+        std::vector<uint32_t> words;
     };
 
+    Document& documentFor(const NSString& url);
     bool addWord(std::u16string_view word);
-    uint32_t numberFor(const NSString& url);
+    bool isNewInDocument(uint32_t term);
 
     const std::shared_ptr<std::string> data_;
     const bool recordsPositions_;
     const uint64_t mostTerms_;
-    std::vector<NSString> documents_;
-    std::unordered_map<std::u16string, Postings, Hash, std::equal_to<>> terms_;
-    std::vector<Committed> committed_;
+    std::vector<Document> documents_;
+    TermTable terms_;
 
-    // The document that is being added, its words so far and its distinct terms.
-    uint32_t current_ = 0, words_ = 0;
+    // What is committed: the numbers of terms in their order, where each begins in the data, and the way
+    // back.
+    std::vector<uint32_t> order_, places_;
+    std::vector<size_t> offsets_;
+
+    // The document that is being added, and which terms it has.
+    Document* current_ = nullptr;
+    std::vector<bool> seen_;
     uint64_t distinct_ = 0;
 };

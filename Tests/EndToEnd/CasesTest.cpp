@@ -6,8 +6,8 @@
 //   environment  variables, NAME=value a line; optional
 //   expected     the log lines, then the record as showrecord prints it, or "no record"
 //
-// and the documents, all of which the arguments name. The program runs in the case's folder. An @ stands for
-// the folder's path, in the arguments, in the variables and in what is expected.
+// and the documents, all of which the arguments or the variables name. The program runs in the case's folder.
+// An @ stands for the folder's path, in the arguments, in the variables and in what is expected.
 //
 // With UPDATE_EXPECTED=1 in the environment the tests write `expected` anew: read the difference before you
 // keep it.
@@ -59,6 +59,14 @@ ToolCommand commandOf(const fs::path& folder) {
     return command;
 }
 
+// What the case names: its arguments and the values of its variables.
+std::vector<std::string> namesIn(const fs::path& folder) {
+    const ToolCommand command = commandOf(folder);
+    std::vector<std::string> names = command.arguments;
+    for (const auto& [variable, value] : command.environment) names.push_back(value);
+    return names;
+}
+
 std::string shown(const ToolResult& result) {
     std::string text;
     for (const std::string& line : logLines(result)) text += "log: " + line + "\n";
@@ -101,7 +109,7 @@ TEST(Samples, AreAllUsed) {
         std::string name = entry.path().filename();
         bool isDescription = entry.path().parent_path() == folder &&
                              (name == "arguments" || name == "environment" || name == "expected");
-        EXPECT_TRUE(isDescription || isNamedBy(linesOf(folder / "arguments", folder), folder, entry.path()))
+        EXPECT_TRUE(isDescription || isNamedBy(namesIn(folder), folder, entry.path()))
             << entry.path() << " is not read by its case";
     }
 }

@@ -75,6 +75,16 @@ TEST(ImporterDescriptor, IsRefusedWithAReason) {
     EXPECT_EQ(refusal("\xFF"), "it is no text in UTF-8");
 }
 
+TEST(ImporterDescriptor, OfEveryImporterThatComesAlongIsSound) {
+    size_t count = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(DESCRIPTORS_FOLDER)) {
+        std::string why;
+        EXPECT_TRUE(importerDescriptor(readFile(entry.path()), why)) << entry.path() << ": " << why;
+        ++count;
+    }
+    EXPECT_GT(count, 0u);
+}
+
 class Registry : public testing::Test {
 protected:
     void write(const std::string& data, const std::string& name, const std::string& lines) const {

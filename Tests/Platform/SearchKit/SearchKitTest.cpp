@@ -72,6 +72,22 @@ TEST_F(Index, BoundsTheTermsOfADocumentWhenAskedTo) {
     EXPECT_EQ(small.termIDs(0).size(), 2u);
 }
 
+TEST_F(Index, BreaksPlainWordsAsItDoesOthers) {
+    add(u"(plain) \"quoted\" end. a,b x_y #tag $5 -7 mixed\u0301 caf\u00E9! "
+        u"\u0411\u0443\u043A\u0432\u044B... 50% \u2019tis it's.");
+    EXPECT_EQ(
+        terms(),
+        "5 50 7 a b caf\u00E9 end it's mixed\u0301 plain quoted tag tis x_y \u0431\u0443\u043A\u0432\u044B ");
+}
+
+TEST_F(Index, WithoutPositionsKeepsEachTermOnce) {
+    SearchIndex plain(std::make_shared<std::string>(), false, 0);
+    ASSERT_TRUE(plain.addDocument(u"file:///a", u"to be or not to be"));
+    plain.commit();
+    EXPECT_EQ(plain.termIDs(0).size(), 4u);
+    EXPECT_TRUE(plain.positions(0, 0).empty());
+}
+
 TEST_F(Index, ReplacesADocumentAndKeepsOthers) {
     add(u"old both");
     ASSERT_TRUE(index.addDocument(u"file:///b", u"other both"));
