@@ -5,6 +5,7 @@
 #include "Platform/AppKit/DocumentKinds.h"
 #include "Platform/AppKit/NSDocumentAttributes.h"
 #include "Platform/AppKit/XMLText/XMLTextReaders.h"
+#include "Platform/Foundation/CharacterSet.h"
 #include "Platform/Foundation/NSException.h"
 #include "Platform/Foundation/NSPathUtilities.h"
 #include "Platform/ImageIO/CGImageProperties.h"
@@ -45,6 +46,16 @@ const DocumentKind& kindOfType(const NSString& documentType) {
 template <const char16_t* const& type>
 ImportStatus importText(ImportedFile& file, std::u16string& text, NSString& why) {
     return importData(type, file.data(), text, why);
+}
+
+// Other than a document that says of itself to be plain text, a file of any kind can be in any encoding.
+ImportStatus importPlainText(ImportedFile& file, std::u16string& text, NSString& why) {
+    if (!file.data()) return failed(why, u"it cannot be read");
+    const std::string_view bytes = file.data().bytes();
+    const NSStringEncoding encoding = likelyEncoding(bytes);
+    const bool isMarked = encoding == NSUTF8StringEncoding && byteOrderMark(bytes).encoding == encoding;
+    appendDecoded(text, bytes.substr(isMarked ? byteOrderMark(bytes).size : 0), encoding);
+    return ImportStatus::read;
 }
 
 // A folder with its text in it.
@@ -102,7 +113,7 @@ constexpr struct {
     BuiltinImporter importer;
     std::string_view types;
 } kImporters[] = {
-    {"text", importText<NSPlainTextDocumentType>, "text/plain"},
+    {"text", importPlainText, "text/plain"},
     {"html", importText<NSHTMLTextDocumentType>, "text/html;application/xhtml+xml"},
     {"rtf", importText<NSRTFTextDocumentType>,
      "application/rtf;"

@@ -59,6 +59,9 @@ TEST_F(Spotlight, ReadsTextInManyEncodings) {
                                                 "K\0\xF6\0l\0n\0",
                                                 10)),
               "köln ");
+    EXPECT_EQ(termsOf("e.txt", "Gr\xFC\xDF"
+                               "e aus K\xF6ln"),
+              "aus grüsse köln ");
     EXPECT_EQ(termsOf("d.cpp", "int main() { return 0; }"), "0 int main return ");
 }
 
