@@ -12,6 +12,7 @@
 #include "Platform/ImageIO/CGImageSource.h"
 #include "Platform/PDFKit/PDFDocument.h"
 #include "Platform/SearchKit/Mail.h"
+#include "Platform/SearchKit/SavedArchive.h"
 #include "Platform/SearchKit/TextLines.h"
 
 namespace {
@@ -137,6 +138,7 @@ constexpr struct {
     {"xml", importText<kXMLTextType>, "application/xml;text/xml;image/svg+xml;application/x-fictionbook+xml"},
     {"mail", importMessage, "message/rfc822"},
     {"mailbox", importMailbox, "application/mbox"},
+    {"webarchive", importWebArchive, "application/x-webarchive"},
     {"savedpage", importSavedPage, "application/x-mimearchive;multipart/related"},
     {"package", importText<kPackageTextType>,
      "application/vnd.openxmlformats-officedocument.spreadsheetml.sheet;"

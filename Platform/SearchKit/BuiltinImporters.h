@@ -21,7 +21,8 @@ enum class ImportStatus {
 using BuiltinImporter = ImportStatus (*)(ImportedFile& file, std::u16string& text, NSString& why);
 
 // Null for a name of none: "text", "html", "rtf", "rtfd", "doc", "docx", "odt", "pdf", "xml",
-// "package", "mail", "mailbox", "savedpage", "image", "media".
+// "package", "mail", "mailbox", "savedpage", "webarchive",
+// "image", "media".
 BuiltinImporter builtinImporterNamed(std::string_view name);
 
 // What the built-in importers say of themselves.
