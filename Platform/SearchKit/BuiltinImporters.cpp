@@ -35,7 +35,8 @@ ImportStatus outcomeOf(ReadStatus status, NSString& why) {
 
 // Kinds of which nothing but the words is ever wanted.
 constexpr DocumentKind kWordKinds[] = {{kXMLTextType, u"public.xml", nullptr, "OpenPackage"},
-                                       {kPackageTextType, u"public.zip-archive", nullptr, "OpenPackage"}};
+                                       {kPackageTextType, u"public.zip-archive", nullptr, "OpenPackage"},
+                                       {kGzipTextType, u"org.gnu.gnu-zip-archive", nullptr, "OpenPackage"}};
 
 const DocumentKind& kindOfType(const NSString& documentType) {
     for (const DocumentKind& kind : kWordKinds) {
@@ -156,6 +157,7 @@ constexpr struct {
      "application/vnd.oasis.opendocument.chart;"
      "application/vnd.sun.xml.calc;application/vnd.sun.xml.impress;application/vnd.sun.xml.draw;"
      "application/epub+zip"},
+    {"gzip", importText<kGzipTextType>, "application/gzip;image/svg+xml-compressed"},
     {"image", importImage, "image/*"},
     {"media", importMedia,
      "audio/*;"
