@@ -4,10 +4,10 @@
 // take the library's place in this program.
 #include "Source/Tools/texttool/Spotlight.h"
 
+#include "Platform/Foundation/NSArchiver.h"
 #include "Platform/Foundation/NSError.h"
 #include "Platform/Foundation/NSNumber.h"
 #include "Platform/Foundation/NSPropertyListSerialization.h"
-#include "Platform/Foundation/NSArchiver.h"
 #include "Platform/SearchKit/SearchIndex.h"
 #include "Source/Tools/texttool/Settings.h"
 #include "Tests/Support/TemporaryFolder.h"
