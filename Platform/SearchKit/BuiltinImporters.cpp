@@ -5,12 +5,14 @@
 #include "Platform/AppKit/DocumentKinds.h"
 #include "Platform/AppKit/NSDocumentAttributes.h"
 #include "Platform/AppKit/XMLText/XMLTextReaders.h"
+#include "Platform/Foundation/CharacterSet.h"
 #include "Platform/Foundation/NSException.h"
 #include "Platform/Foundation/NSPathUtilities.h"
 #include "Platform/ImageIO/CGImageProperties.h"
 #include "Platform/ImageIO/CGImageSource.h"
 #include "Platform/PDFKit/PDFDocument.h"
 #include "Platform/SearchKit/Mail.h"
+#include "Platform/SearchKit/SavedArchive.h"
 #include "Platform/SearchKit/TextLines.h"
 
 namespace {
@@ -33,7 +35,8 @@ ImportStatus outcomeOf(ReadStatus status, NSString& why) {
 
 // Kinds of which nothing but the words is ever wanted.
 constexpr DocumentKind kWordKinds[] = {{kXMLTextType, u"public.xml", nullptr, "OpenPackage"},
-                                       {kPackageTextType, u"public.zip-archive", nullptr, "OpenPackage"}};
+                                       {kPackageTextType, u"public.zip-archive", nullptr, "OpenPackage"},
+                                       {kGzipTextType, u"org.gnu.gnu-zip-archive", nullptr, "OpenPackage"}};
 
 const DocumentKind& kindOfType(const NSString& documentType) {
     for (const DocumentKind& kind : kWordKinds) {
@@ -45,6 +48,16 @@ const DocumentKind& kindOfType(const NSString& documentType) {
 template <const char16_t* const& type>
 ImportStatus importText(ImportedFile& file, std::u16string& text, NSString& why) {
     return importData(type, file.data(), text, why);
+}
+
+// Other than a document that says of itself to be plain text, a file of any kind can be in any encoding.
+ImportStatus importPlainText(ImportedFile& file, std::u16string& text, NSString& why) {
+    if (!file.data()) return failed(why, u"it cannot be read");
+    const std::string_view bytes = file.data().bytes();
+    const NSStringEncoding encoding = likelyEncoding(bytes);
+    const bool isMarked = encoding == NSUTF8StringEncoding && byteOrderMark(bytes).encoding == encoding;
+    appendDecoded(text, bytes.substr(isMarked ? byteOrderMark(bytes).size : 0), encoding);
+    return ImportStatus::read;
 }
 
 // A folder with its text in it.
@@ -102,7 +115,7 @@ constexpr struct {
     BuiltinImporter importer;
     std::string_view types;
 } kImporters[] = {
-    {"text", importText<NSPlainTextDocumentType>, "text/plain"},
+    {"text", importPlainText, "text/plain"},
     {"html", importText<NSHTMLTextDocumentType>, "text/html;application/xhtml+xml"},
     {"rtf", importText<NSRTFTextDocumentType>,
      "application/rtf;"
@@ -126,6 +139,7 @@ constexpr struct {
     {"xml", importText<kXMLTextType>, "application/xml;text/xml;image/svg+xml;application/x-fictionbook+xml"},
     {"mail", importMessage, "message/rfc822"},
     {"mailbox", importMailbox, "application/mbox"},
+    {"webarchive", importWebArchive, "application/x-webarchive"},
     {"savedpage", importSavedPage, "application/x-mimearchive;multipart/related"},
     {"package", importText<kPackageTextType>,
      "application/vnd.openxmlformats-officedocument.spreadsheetml.sheet;"
@@ -143,6 +157,7 @@ constexpr struct {
      "application/vnd.oasis.opendocument.chart;"
      "application/vnd.sun.xml.calc;application/vnd.sun.xml.impress;application/vnd.sun.xml.draw;"
      "application/epub+zip"},
+    {"gzip", importText<kGzipTextType>, "application/gzip;image/svg+xml-compressed"},
     {"image", importImage, "image/*"},
     {"media", importMedia,
      "audio/*;"

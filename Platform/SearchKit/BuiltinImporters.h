@@ -21,13 +21,14 @@ enum class ImportStatus {
 using BuiltinImporter = ImportStatus (*)(ImportedFile& file, std::u16string& text, NSString& why);
 
 // Null for a name of none: "text", "html", "rtf", "rtfd", "doc", "docx", "odt", "pdf", "xml",
-// "package", "mail", "mailbox", "savedpage", "image", "media".
+// "package", "mail", "mailbox", "savedpage", "webarchive",
+// "gzip", "image", "media".
 BuiltinImporter builtinImporterNamed(std::string_view name);
 
 // What the built-in importers say of themselves.
 std::vector<ImporterDescriptor> builtinImporters();
 
-// Appends the text of a document of one of AppKit's types, or of the two of XMLTextReaders.h. nil data is a
+// Appends the text of a document of one of AppKit's types, or of those of XMLTextReaders.h. nil data is a
 // failure.
 ImportStatus importData(const NSString& documentType, const NSData& data, std::u16string& text,
                         NSString& why);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/SearchKit/Importing.h"
 
+#include "Platform/Foundation/ASCII.h"
 #include "Platform/Foundation/BaseFolders.h"
 #include "Platform/Foundation/NSLog.h"
 #include "Platform/Foundation/NSPathUtilities.h"
@@ -23,9 +24,17 @@ const Importers& importers() {
     return all;
 }
 
+// The shared database does not know this kind, and takes one with pages at its start for a page.
+bool isWebArchive(const std::string& name, std::string_view start) {
+    const bool isList = start.starts_with("bplist0") && start.find("WebMainResource") != start.npos;
+    return isList || lowered(name).ends_with(".webarchive");
+}
+
 std::string typeOfDocument(const ImportedFile& file) {
     if (file.isFolder()) return "inode/directory";
-    return importers().kinds.typeOf(fileSystemRepresentation(lastPathComponent(file.path())), file.start());
+    const std::string name = fileSystemRepresentation(lastPathComponent(file.path()));
+    if (isWebArchive(name, file.start())) return "application/x-webarchive";
+    return importers().kinds.typeOf(name, file.start());
 }
 
 // The built-in importer that the bytes call for. When the kind is known, only plain text is still possible.

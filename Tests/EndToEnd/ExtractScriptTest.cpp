@@ -92,6 +92,13 @@ TEST_F(Extract, SaysWhenThereIsNoRecord) {
     EXPECT_NE(result.output.find("NSCharacterConversionException: "), std::string::npos);
 }
 
+TEST_F(Extract, ReadsFilesOfAnyKind) {
+    write("a.txt", "To be or not to be");
+    ToolResult result = extract({"a.txt"});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_NE(result.output.find("be not or to "), std::string::npos) << result.output;
+}
+
 TEST_F(Extract, WithoutAFileSaysHowItIsUsed) {
     ToolResult result = extract({});
     EXPECT_EQ(result.status, 64);

@@ -5,6 +5,7 @@
 
 #include "Platform/Foundation/NSArray.h"
 #include "Platform/Foundation/NSNumber.h"
+#include "Platform/WebKit/WebArchive.h"
 #include "Tests/Support/DocxWriter.h"
 #include "Tests/Support/ImageWriter.h"
 #include "Tests/Support/MediaWriter.h"
@@ -59,6 +60,9 @@ TEST_F(Spotlight, ReadsTextInManyEncodings) {
                                                 "K\0\xF6\0l\0n\0",
                                                 10)),
               "köln ");
+    EXPECT_EQ(termsOf("e.txt", "Gr\xFC\xDF"
+                               "e aus K\xF6ln"),
+              "aus grüsse köln ");
     EXPECT_EQ(termsOf("d.cpp", "int main() { return 0; }"), "0 int main return ");
 }
 
@@ -99,6 +103,17 @@ TEST_F(Spotlight, ReadsPackagesAndXMLForTheirWords) {
     EXPECT_EQ(termsOf("a.fb2", "<FictionBook><body><p>Fiction</p></body><binary>QUI</binary></FictionBook>"),
               "fiction ");
     EXPECT_EQ(termsOf("a.xml", "<x a='no'>Value</x>"), "value ");
+}
+
+TEST_F(Spotlight, ReadsThePagesOfAWebArchive) {
+    const auto page = [](const char* html, const char* type, const char* encoding) {
+        return WebResource(NSData(html), NSURL::URLWithString(u"http://example.org/"),
+                           NSString::fromUTF8(type), NSString::fromUTF8(encoding), nullptr);
+    };
+    const WebArchive frame(page("plain frame", "text/plain", "utf-8"), {}, {});
+    const WebArchive archive(page("<p>K\xF6ln<script>no</script>", "text/html", "iso-8859-1"),
+                             {page("body {}", "text/css", "utf-8")}, {frame});
+    EXPECT_EQ(termsOf("a.webarchive", archive.data().bytes()), "frame köln plain ");
 }
 
 TEST_F(Spotlight, ReadsPlainFormatsAsTheyAre) {

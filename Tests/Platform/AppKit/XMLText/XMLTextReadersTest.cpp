@@ -4,8 +4,15 @@
 #include "Tests/Support/ZipWriter.h"
 
 #include <gtest/gtest.h>
+#include <zlib.h>
 
 namespace {
+
+std::string littleEndian32(uint32_t number) {
+    std::string bytes;
+    for (int shift = 0; shift < 32; shift += 8) bytes += char(number >> shift & 0xFF);
+    return bytes;
+}
 
 std::u16string textOf(DocumentReader reader, const std::string& bytes) {
     DocumentContents contents;
@@ -96,6 +103,38 @@ TEST(PackageText, NeedsAPackage) {
     DocumentContents contents;
     Deadline deadline;
     EXPECT_EQ(readPackageText("no package", deadline, contents), ReadStatus::wrongKind);
+}
+
+std::string gzipped(const std::string& bytes) {
+    return std::string("\x1F\x8B\x08\0\0\0\0\0\0\3", 10) + deflated(bytes) +
+           littleEndian32(
+               uint32_t(crc32(0, reinterpret_cast<const Bytef*>(bytes.data()), uInt(bytes.size())))) +
+           littleEndian32(uint32_t(bytes.size()));
+}
+
+TEST(GzipText, IsThatOfTheDocumentInside) {
+    EXPECT_EQ(textOf(readGzipText, gzipped("plain")), u"plain");
+    EXPECT_EQ(textOf(readGzipText, gzipped("one ") + gzipped("two")), u"one two") << "all members";
+    EXPECT_EQ(textOf(readGzipText, gzipped("{\\rtf1 rich}")), u"rich");
+    EXPECT_EQ(textOf(readGzipText, gzipped("<?xml version='1.0'?><svg><text>drawn</text></svg>")),
+              u"drawn\n");
+    EXPECT_EQ(textOf(readGzipText, gzipped(std::string("tar\0", 4))), u"");
+}
+
+TEST(GzipText, OfADamagedFileIsWhatStandsBeforeTheDamage) {
+    const std::string whole = gzipped("some words");
+    EXPECT_EQ(textOf(readGzipText, whole.substr(0, whole.size() - 8)), u"some words");
+    EXPECT_EQ(textOf(readGzipText, "\x1F\x8B"), u"");
+    DocumentContents contents;
+    Deadline deadline;
+    EXPECT_EQ(readGzipText("none", deadline, contents), ReadStatus::wrongKind);
+}
+
+TEST(GzipText, IsBoundedInLength) {
+    const std::string megabytes = gzipped(std::string(64 << 20, 'x'));
+    std::string bomb;
+    for (int i = 0; i < 6; ++i) bomb += megabytes;
+    EXPECT_LE(textOf(readGzipText, bomb).size(), size_t(257) << 20);
 }
 
 } // namespace
