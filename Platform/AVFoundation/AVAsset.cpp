@@ -9,8 +9,6 @@
 #include "Platform/Foundation/NSNumber.h"
 #include "Platform/Foundation/NSPathUtilities.h"
 
-#include <fcntl.h>
-
 namespace {
 
 struct Space {
@@ -51,9 +49,7 @@ const std::vector<MediaItem>& AVAsset::items() {
     items_.emplace();
     const MediaReader read = mediaReader(nullptr);
     if (!read || !url_.isFileURL()) return *items_;
-    // Without blocking: what was a file when it was looked at may be a pipe by now.
-    const FileDescriptor file(
-        open(fileSystemRepresentation(url_.path()).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    const FileDescriptor file = openForReading(fileSystemRepresentation(url_.path()));
     if (file) read(file.get(), *items_);
     return *items_;
 }

@@ -4,6 +4,7 @@
 #include "Platform/AppKit/DocumentAttributes.h"
 #include "Platform/AppKit/DocumentKinds.h"
 #include "Platform/AppKit/NSDocumentAttributes.h"
+#include "Platform/Foundation/Module.h"
 #include "Platform/Foundation/NSNumber.h"
 #include "Platform/Foundation/NSPathUtilities.h"
 
@@ -16,15 +17,13 @@ NSError cocoaError(int64_t code, const NSDictionary& userInfo = NSDictionary()) 
     return NSError(NSCocoaErrorDomain, code, userInfo);
 }
 
-NSError describedError(int64_t code, const NSString& description) {
-    return cocoaError(code, {{NSString(NSLocalizedDescriptionKey), description}});
-}
-
 NSError errorOfStatus(ReadStatus status) {
     switch (status) {
     case ReadStatus::locked:
-        return describedError(NSFileReadNoPermissionError,
-                              u"The document couldn’t be opened because it is protected by a password.");
+        return cocoaError(
+            NSFileReadNoPermissionError,
+            {{NSString(NSLocalizedDescriptionKey),
+              NSString(u"The document couldn’t be opened because it is protected by a password.")}});
     case ReadStatus::outOfMemory:
         return cocoaError(NSFileReadUnknownError, {{NSString(NSUnderlyingErrorKey), NSError::posix(ENOMEM)}});
     default: return cocoaError(NSFileReadCorruptFileError);
@@ -41,7 +40,7 @@ NSAttributedString readAs(const DocumentKind& kind, std::string_view bytes, cons
     NSString why;
     DocumentReader reader = readerOfKind(kind, &why);
     if (!reader) {
-        fail(error, describedError(NSExecutableLoadError, why));
+        fail(error, moduleError(why));
         return {};
     }
     DocumentContents contents;

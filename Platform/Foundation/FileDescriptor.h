@@ -3,6 +3,8 @@
 // An open file, closed when its owner goes.
 #pragma once
 
+#include <fcntl.h>
+#include <string>
 #include <unistd.h>
 #include <utility>
 
@@ -26,3 +28,9 @@ public:
 private:
     int fd_ = -1;
 };
+
+// None, and errno, when it cannot be opened. Never waits: what was a file when it was looked at may be a pipe
+// by now.
+inline FileDescriptor openForReading(const std::string& path) {
+    return FileDescriptor(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+}

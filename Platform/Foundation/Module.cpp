@@ -48,3 +48,7 @@ void* moduleEntry(const char* module, NSString* why) {
     if (!entry && why) *why = stringWithFormat("The module “%s” can’t be loaded: %s", module, dlerror());
     return entry;
 }
+
+NSError moduleError(const NSString& why) {
+    return NSError(NSCocoaErrorDomain, NSExecutableLoadError, {{NSString(NSLocalizedDescriptionKey), why}});
+}

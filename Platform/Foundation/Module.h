@@ -4,6 +4,7 @@
 // else pays for them. A module resolves the values and the library from the program and exports one entry.
 #pragma once
 
+#include "Platform/Foundation/NSError.h"
 #include "Platform/Foundation/NSString.h"
 
 // The name of the entry that every module exports.
@@ -16,6 +17,9 @@ void setModuleFolder(const NSString& folder);
 // The address of a module's entry, or null and in `why` a sentence that names the module. Modules lie in
 // the folder that was set, in ../lib/texttool beside the program's folder, or where the system was installed.
 void* moduleEntry(const char* module, NSString* why);
+
+// The error of what a module that cannot be loaded was to do. It has no path yet.
+NSError moduleError(const NSString& why);
 
 // An entry, looked up once in the process however often it is asked for.
 template <class Entry>

@@ -154,8 +154,7 @@ int writeAtomically(const std::string& path, std::string_view bytes) {
 } // namespace
 
 NSData NSData::dataWithContentsOfFile(const NSString& path, unsigned options, NSError* error) {
-    // Not blocking: opening a pipe must not wait for somebody to write to it.
-    FileDescriptor fd(open(fileSystemRepresentation(path).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    const FileDescriptor fd = openForReading(fileSystemRepresentation(path));
     struct stat info {};
     if (!fd || fstat(fd.get(), &info) != 0) {
         fail(error, fileReadError(path, errno));

@@ -9,6 +9,7 @@
 #include "Platform/Foundation/PropertyListFormats.h"
 #include "Platform/Foundation/XMLPropertyListScanner.h"
 
+#include "Platform/Foundation/Base64.h"
 #include <algorithm>
 #include <charconv>
 #include <limits>
@@ -86,13 +87,6 @@ NSDate date(View text) {
         {isBeforeZero ? -fields[0] : fields[0], fields[1], fields[2], fields[3], fields[4], fields[5]}));
 }
 
-unsigned base64Value(char16_t c) {
-    if (c >= u'A' && c <= u'Z') return c - u'A';
-    if (c >= u'a' && c <= u'z') return c - u'a' + 26u;
-    if (isDigit(c)) return c - u'0' + 52u;
-    return c == u'+' ? 62 : c == u'/' ? 63 : 64;
-}
-
 // Whole groups of four; other characters are passed over, but those beyond ASCII, for which the data is nil.
 NSData base64Data(View text) {
     std::string bytes;
@@ -100,10 +94,10 @@ NSData base64Data(View text) {
     unsigned group = 0, count = 0, padding = 0;
     for (char16_t c : text) {
         if (c >= 0x80) return {};
-        const unsigned value = c == u'=' ? 0 : base64Value(c);
-        if (value > 63) continue;
+        const int value = c == u'=' ? 0 : base64Digit(c);
+        if (value < 0) continue;
         padding = c == u'=' ? padding + 1 : 0;
-        group = group << 6 | value;
+        group = group << 6 | unsigned(value);
         if (++count % 4 != 0) continue;
         const char triple[] = {char(group >> 16 & 0xFF), char(group >> 8 & 0xFF), char(group & 0xFF)};
         bytes.append(triple, padding == 0 ? 3 : padding == 1 ? 2 : 1);

@@ -9,6 +9,7 @@
 #include "Platform/Foundation/PropertyListFormats.h"
 #include "Platform/Foundation/UnicodeText.h"
 
+#include "Platform/Foundation/Base64.h"
 #include <algorithm>
 #include <cinttypes>
 #include <cmath>
@@ -118,16 +119,6 @@ void XMLWriter::date(const NSDate& date, size_t level) {
     int length = snprintf(text, sizeof text, "%04" PRId64 "-%02d-%02dT%02d:%02d:%02dZ", d.year, d.month,
                           d.day, d.hour, d.minute, d.second);
     element(level, "date", std::string_view(text, size_t(length)));
-}
-
-void appendBase64(std::string& out, std::string_view bytes) {
-    static constexpr char digits[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-    for (size_t i = 0; i < bytes.size(); i += 3) {
-        const size_t count = std::min(bytes.size() - i, size_t(3));
-        unsigned group = 0;
-        for (size_t k = 0; k < 3; ++k) group = group << 8 | (k < count ? (unsigned char)(bytes[i + k]) : 0u);
-        for (size_t k = 0; k < 4; ++k) out.push_back(k <= count ? digits[group >> (18 - 6 * k) & 63] : '=');
-    }
 }
 
 void XMLWriter::data(std::string_view bytes, size_t level) {

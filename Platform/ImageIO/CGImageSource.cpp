@@ -8,8 +8,6 @@
 #include "Platform/ImageIO/CGImageProperties.h"
 #include "Platform/ImageIO/ContainedImageReader.h"
 
-#include <fcntl.h>
-
 namespace {
 
 NSObject objectOfField(const ImageField& field) {
@@ -37,9 +35,7 @@ NSDictionary propertiesOfFields(const std::vector<ImageField>& fields) {
 CGImageSource CGImageSourceCreateWithURL(const NSURL& url) {
     CGImageSource source;
     if (!url.isFileURL()) return source;
-    // Without blocking: what was a file when it was looked at may be a pipe by now.
-    const FileDescriptor file(
-        open(fileSystemRepresentation(url.path()).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    const FileDescriptor file = openForReading(fileSystemRepresentation(url.path()));
     std::vector<ImageField> fields;
     NSString why;
     const ImageStatus status = file ? readImageContained(file.get(), fields, why) : ImageStatus::noImage;

@@ -8,8 +8,7 @@ PDFDocument PDFDocument::initWithData(const NSData& data, NSError* error) {
     NSString why;
     auto open = reinterpret_cast<PDFModuleEntry>(moduleEntry("PDF", &why));
     if (!open) {
-        fail(error, NSError(NSCocoaErrorDomain, NSExecutableLoadError,
-                            {{NSString(NSLocalizedDescriptionKey), why}}));
+        fail(error, moduleError(why));
         return PDFDocument();
     }
     PDFEngine* engine = open(data.bytes());

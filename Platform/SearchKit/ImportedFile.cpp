@@ -5,7 +5,6 @@
 #include "Platform/Foundation/FileDescriptor.h"
 #include "Platform/Foundation/NSPathUtilities.h"
 
-#include <fcntl.h>
 #include <sys/stat.h>
 
 ImportedFile::ImportedFile(const NSString& path) : path_(path) {
@@ -17,7 +16,7 @@ ImportedFile::ImportedFile(const NSString& path) : path_(path) {
 }
 
 void ImportedFile::readStart(const std::string& name) {
-    const FileDescriptor file(open(name.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    const FileDescriptor file = openForReading(name);
     if (!file) return;
     isFile_ = true;
     start_ = FileSource(file.get()).bytes(0, kStartSize);

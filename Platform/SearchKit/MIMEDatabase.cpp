@@ -9,7 +9,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <fcntl.h>
 #include <fnmatch.h>
 
 namespace {
@@ -17,7 +16,7 @@ namespace {
 constexpr size_t kLargestFile = 16 << 20; // bytes
 
 std::string contentsOf(const std::string& path) {
-    const FileDescriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    const FileDescriptor file = openForReading(path);
     if (!file) return "";
     FileSource source(file.get());
     return source.bytes(0, std::min<uint64_t>(source.size(), kLargestFile));

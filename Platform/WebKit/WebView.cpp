@@ -32,8 +32,7 @@ std::unique_ptr<WebView> WebView::initWithFrame(const NSRect& frame, const NSStr
     NSString why;
     std::unique_ptr<WebView> view = viewOfEngine(frame, &why);
     if (!view) {
-        fail(error, NSError(NSCocoaErrorDomain, NSExecutableLoadError,
-                            {{NSString(NSLocalizedDescriptionKey), why}}));
+        fail(error, moduleError(why));
     }
     return view;
 }

@@ -2,19 +2,12 @@
 #include "Platform/AppKit/MIME/TransferEncoding.h"
 
 #include "Platform/Foundation/ASCII.h"
+#include "Platform/Foundation/Base64.h"
 
 #include <cstddef>
 #include <cstdint>
 
 namespace {
-
-// The six bits of a character; -1 of one that has none.
-int base64Digit(char c) {
-    if (c >= 'A' && c <= 'Z') return c - 'A';
-    if (c >= 'a' && c <= 'z') return c - 'a' + 26;
-    if (isDigit(char32_t(c))) return c - '0' + 52;
-    return c == '+' ? 62 : c == '/' ? 63 : -1;
-}
 
 // The length of a line's end, with the blanks before it that mail on its way may have added; 0 of anything
 // else.
@@ -34,7 +27,7 @@ std::string decodedBase64(std::string_view text) {
     unsigned count = 0;
     for (char c : text) {
         if (c == '=') break;
-        const int digit = base64Digit(c);
+        const int digit = base64Digit(static_cast<unsigned char>(c));
         if (digit < 0) continue;
         bits = bits << 6 | uint32_t(digit);
         count += 6;

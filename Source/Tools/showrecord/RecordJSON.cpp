@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Source/Tools/showrecord/RecordJSON.h"
 
+#include "Platform/Foundation/Base64.h"
 #include "Platform/Foundation/NSArray.h"
 #include "Platform/Foundation/NSData.h"
 #include "Platform/Foundation/NSDate.h"
@@ -13,19 +14,6 @@
 #include <cstdio>
 
 namespace {
-
-std::string base64(std::string_view bytes) {
-    static constexpr char digits[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-    std::string out;
-    for (size_t at = 0; at < bytes.size(); at += 3) {
-        std::string_view group = bytes.substr(at, 3);
-        uint32_t bits = 0;
-        for (size_t i = 0; i < 3; ++i) bits = bits << 8 | (i < group.size() ? uint8_t(group[i]) : 0);
-        for (size_t i = 0; i < 4; ++i)
-            out.push_back(i <= group.size() ? digits[bits >> (18 - 6 * i) & 63] : '=');
-    }
-    return out;
-}
 
 std::string isoDate(double seconds) {
     CalendarDate date = calendarDate(seconds);
@@ -140,7 +128,9 @@ void JSONWriter::value(const NSObject& value) {
     } else if (is<NSDate>(value)) {
         tagged(u"$date", isoDate(as<NSDate>(value).timeIntervalSinceReferenceDate()));
     } else if (is<NSData>(value)) {
-        tagged(u"$data", base64(as<NSData>(value).bytes()));
+        std::string digits;
+        appendBase64(digits, as<NSData>(value).bytes());
+        tagged(u"$data", digits);
     } else if (is<NSURL>(value)) {
         tagged(u"$url", as<NSURL>(value).absoluteString().utf8());
     } else if (NSError nested = as<NSError>(value)) {
