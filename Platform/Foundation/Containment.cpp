@@ -36,6 +36,12 @@ rlim_t dataInUse() {
     return number ? strtoul(number, nullptr, 10) * rlim_t(sysconf(_SC_PAGESIZE)) : 0;
 }
 
+// What a child has to know of the process that it was: in a sandbox it cannot look for itself.
+struct Parent {
+    pid_t process;
+    rlim_t data; // bytes
+};
+
 // Of processor time; the signal's own action ends the process.
 void endAfter(std::chrono::microseconds time) {
 #ifdef __SANITIZE_ADDRESS__
@@ -46,28 +52,20 @@ void endAfter(std::chrono::microseconds time) {
     setitimer(ITIMER_PROF, &once, nullptr);
 }
 
-void writeAll(int file, const std::string& bytes) {
-    for (size_t done = 0; done < bytes.size();) {
-        const ssize_t count = write(file, bytes.data() + done, bytes.size() - done);
-        if (count < 0 && errno != EINTR) _exit(1);
-        if (count > 0) done += size_t(count);
-    }
-}
-
 [[noreturn]] void beChild(int answerPipe, const std::function<std::string()>& work,
-                          const ContainmentLimits& limits, pid_t parent) {
+                          const ContainmentLimits& limits, const Parent& parent) {
     prctl(PR_SET_PDEATHSIG, SIGKILL);
-    if (getppid() != parent) _exit(1);
+    if (getppid() != parent.process) _exit(1);
     // A crash here is no crash of the request, so nothing is said of it.
-    for (int fatal : {SIGSEGV, SIGBUS, SIGABRT, SIGFPE, SIGILL, SIGTRAP, SIGSYS}) signal(fatal, SIG_DFL);
+    for (int fatal : {SIGSEGV, SIGBUS, SIGABRT, SIGFPE, SIGILL, SIGTRAP, SIGSYS, SIGXCPU})
+        signal(fatal, SIG_DFL);
     const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
     dup2(nowhere, STDOUT_FILENO);
     dup2(nowhere, STDERR_FILENO);
     limit(RLIMIT_CORE, 0);
     endAfter(limits.processorTime);
-    limit(RLIMIT_DATA, dataInUse() + limits.memory);
-    writeAll(answerPipe, work());
-    _exit(kWorkIsDone);
+    limit(RLIMIT_DATA, parent.data + limits.memory);
+    _exit(writeAll(answerPipe, work()) == 0 ? kWorkIsDone : 1);
 }
 
 // Reads to the end of the pipe. False when time or the allowance ran out.
@@ -96,7 +94,7 @@ bool runContained(const std::function<std::string()>& work, std::string& answer,
     if (pipe2(ends, O_CLOEXEC) != 0) return false;
     const FileDescriptor readEnd(ends[0]);
     FileDescriptor writeEnd(ends[1]);
-    const pid_t parent = getpid();
+    const Parent parent{getpid(), dataInUse()};
     const pid_t child = fork();
     if (child < 0) return false;
     if (child == 0) beChild(ends[1], work, limits, parent);

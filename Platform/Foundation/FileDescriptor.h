@@ -3,8 +3,10 @@
 // An open file, closed when its owner goes.
 #pragma once
 
+#include <cerrno>
 #include <fcntl.h>
 #include <string>
+#include <string_view>
 #include <unistd.h>
 #include <utility>
 
@@ -33,4 +35,15 @@ private:
 // by now.
 inline FileDescriptor openForReading(const std::string& path) {
     return FileDescriptor(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+}
+
+// Writes all of it, in as many pieces as the system wants. 0 or the system's error.
+inline int writeAll(int fd, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = write(fd, bytes.data(), bytes.size());
+        if (written < 0 && errno == EINTR) continue;
+        if (written < 0) return errno;
+        bytes.remove_prefix(size_t(written));
+    }
+    return 0;
 }

@@ -6,7 +6,6 @@
 
 #include <climits>
 #include <dlfcn.h>
-#include <string>
 #include <unistd.h>
 
 namespace {
@@ -30,10 +29,9 @@ std::string folderBesideProgram() {
 
 std::string fileOf(const std::string& module) {
     std::string file;
-    for (const std::string& folder :
-         {chosenFolder(), folderBesideProgram(), std::string(TEXTTOOL_MODULE_FOLDER)}) {
+    for (const std::string& folder : moduleFolders()) {
         file = folder + "/" + module + ".so";
-        if (!folder.empty() && access(file.c_str(), F_OK) == 0) break;
+        if (access(file.c_str(), F_OK) == 0) break;
     }
     return file;
 }
@@ -41,6 +39,12 @@ std::string fileOf(const std::string& module) {
 } // namespace
 
 void setModuleFolder(const NSString& folder) { chosenFolder() = fileSystemRepresentation(folder); }
+
+std::vector<std::string> moduleFolders() {
+    std::vector<std::string> folders = {folderBesideProgram(), TEXTTOOL_MODULE_FOLDER};
+    if (!chosenFolder().empty()) folders.insert(folders.begin(), chosenFolder());
+    return folders;
+}
 
 void* moduleEntry(const char* module, NSString* why) {
     void* library = dlopen(fileOf(module).c_str(), RTLD_LAZY | RTLD_LOCAL);

@@ -7,12 +7,18 @@
 #include "Platform/Foundation/NSError.h"
 #include "Platform/Foundation/NSString.h"
 
+#include <string>
+#include <vector>
+
 // The name of the entry that every module exports.
 #define MODULE_ENTRY texttoolModuleEntry
 
 // Where to look for modules first. For programs that were installed apart from the modules; to be called
 // before anything that needs one.
 void setModuleFolder(const NSString& folder);
+
+// The folders in which modules are looked for, in this order.
+std::vector<std::string> moduleFolders();
 
 // The address of a module's entry, or null and in `why` a sentence that names the module. Modules lie in
 // the folder that was set, in ../lib/texttool beside the program's folder, or where the system was installed.

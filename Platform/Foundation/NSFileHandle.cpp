@@ -6,6 +6,7 @@
 #include "Platform/Foundation/StringFormat.h"
 
 #include <cerrno>
+#include <fcntl.h>
 #include <poll.h>
 #include <unistd.h>
 
@@ -19,6 +20,13 @@ namespace {
 }
 
 } // namespace
+
+void NSFileHandle::reserveStandardOutput() {
+    const int own = fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+    if (own < 0) return; // closed already, or no descriptor to be had: then it is used as it is
+    fileHandleWithStandardOutput().fd_ = own;
+    dup2(STDERR_FILENO, STDOUT_FILENO);
+}
 
 NSFileHandle& NSFileHandle::fileHandleWithStandardOutput() {
     static NSFileHandle handle(STDOUT_FILENO);

@@ -10,6 +10,13 @@ public:
     // Shared by the whole process.
     static NSFileHandle& fileHandleWithStandardOutput();
 
+    // Keeps standard output for the handle alone: what anybody else in the process, or a program that it
+    // starts, writes there goes to standard error. To be called before the first use of the handle.
+    static void reserveStandardOutput();
+
+    // -1 when closed.
+    int fileDescriptor() const { return fd_; }
+
     // Raises a file-handle exception when the handle is closed or the system refuses the bytes.
     void writeData(const NSData& data);
 

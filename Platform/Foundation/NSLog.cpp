@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Foundation/NSLog.h"
 
-#include <cerrno>
+#include "Platform/Foundation/FileDescriptor.h"
+
 #include <cstdio>
 #include <ctime>
 #include <string>
@@ -24,21 +25,14 @@ std::string linePrefix() {
     return std::string(prefix, length < int(sizeof prefix) ? size_t(length) : sizeof prefix - 1);
 }
 
-void writeAll(int fd, std::string_view bytes) {
-    while (!bytes.empty()) {
-        ssize_t written = write(fd, bytes.data(), bytes.size());
-        if (written < 0 && errno == EINTR) continue;
-        if (written <= 0) return; // nobody is left to be told
-        bytes.remove_prefix(size_t(written));
-    }
-}
-
 } // namespace
 
 void NSLog(const NSString& message) {
     std::string text = message.utf8();
     std::string line = linePrefix() + text;
     if (line.back() != '\n') line.push_back('\n');
-    writeAll(STDERR_FILENO, line);
+    writeAll(STDERR_FILENO, line); // a failure could be told to nobody
     syslog(LOG_USER | LOG_NOTICE, "%s", text.c_str());
 }
+
+void NSLogOpen() { openlog(nullptr, LOG_NDELAY, LOG_USER); }

@@ -8,3 +8,6 @@
 #include "Platform/Foundation/NSString.h"
 
 void NSLog(const NSString& message);
+
+// Opens the way to the system log, for a process that soon may open nothing any more.
+void NSLogOpen();

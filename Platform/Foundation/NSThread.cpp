@@ -5,6 +5,7 @@
 #include "Platform/Foundation/StringFormat.h"
 #include "Platform/Foundation/UnicodeText.h"
 
+#include <csignal>
 #include <cstring>
 #include <ctime>
 #include <memory>
@@ -35,8 +36,12 @@ void NSThread::detachNewThread(void (*body)(const NSString&), const NSString& ar
     pthread_attr_init(&attributes);
     pthread_attr_setdetachstate(&attributes, PTHREAD_CREATE_DETACHED);
     pthread_attr_setstacksize(&attributes, kStackSize);
+    sigset_t all, before;
+    sigfillset(&all);
+    pthread_sigmask(SIG_SETMASK, &all, &before); // signals are the business of the threads that were there
     pthread_t thread;
     int error = pthread_create(&thread, &attributes, run, start.get());
+    pthread_sigmask(SIG_SETMASK, &before, nullptr);
     pthread_attr_destroy(&attributes);
     if (error != 0) {
         NSLog(stringWithFormat("A thread cannot be started: %s", strerror(error)));

@@ -6,10 +6,13 @@
 #include "Platform/Foundation/Containment.h"
 #include "Platform/Foundation/NSPathUtilities.h"
 #include "Platform/Foundation/StringFormat.h"
+#include "Platform/Sandbox/Sandbox.h"
 #include "Platform/SearchKit/ImporterModule.h"
 #include "Platform/SearchKit/ProgramOutput.h"
 
+#include <cstdlib>
 #include <dlfcn.h>
+#include <filesystem>
 #include <unistd.h>
 
 namespace {
@@ -24,10 +27,34 @@ std::vector<std::string> commandFor(const ImporterDescriptor& importer, const st
     return command;
 }
 
+// Made for one program, and gone with all that it left there.
+class TemporaryFolder {
+public:
+    TemporaryFolder() {
+        std::error_code none;
+        path_ = std::filesystem::temp_directory_path(none) / "texttool-XXXXXX";
+        if (!mkdtemp(path_.data())) path_.clear();
+    }
+    ~TemporaryFolder() {
+        std::error_code ignored; // what cannot be removed is left to the system's cleaning
+        if (!path_.empty()) std::filesystem::remove_all(path_, ignored);
+    }
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+    // "" when there is none to be had.
+    const std::string& path() const { return path_; }
+
+private:
+    std::string path_;
+};
+
 bool runProgram(const ImporterDescriptor& importer, const std::string& path, std::string& output,
                 std::string& why) {
+    const TemporaryFolder folder;
     ProgramLimits limits;
     limits.time = importer.timeout;
+    limits.folder = folder.path();
     return readProgramOutput(commandFor(importer, path), limits, output, why);
 }
 
@@ -46,6 +73,7 @@ std::string callLibrary(const std::string& file, const std::string& path) {
 
 bool runLibrary(const ImporterDescriptor& importer, const std::string& path, std::string& output,
                 std::string& why) {
+    renounceOtherPrograms();
     ContainmentLimits limits;
     limits.processorTime = limits.wallTime = importer.timeout;
     if (!runContained([&] { return callLibrary(importer.module, path); }, output, limits)) {

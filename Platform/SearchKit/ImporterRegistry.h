@@ -23,9 +23,12 @@ public:
     importerForTypes(const std::vector<std::string>& types,
                      const std::function<bool(const ImporterDescriptor&)>& isUsable) const;
 
+    // All, in the order in which they are asked.
+    const std::vector<ImporterDescriptor>& importers() const { return importers_; }
+
 private:
     void readFolder(const std::string& folder);
     void readDescriptor(const std::string& folder, const std::string& name);
 
-    std::vector<ImporterDescriptor> importers_; // in the order in which they are asked
+    std::vector<ImporterDescriptor> importers_;
 };

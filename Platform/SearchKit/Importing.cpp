@@ -6,9 +6,11 @@
 #include "Platform/Foundation/NSLog.h"
 #include "Platform/Foundation/NSPathUtilities.h"
 #include "Platform/Foundation/StringFormat.h"
+#include "Platform/Sandbox/Sandbox.h"
 #include "Platform/SearchKit/ForeignImporters.h"
 #include "Platform/SearchKit/ImporterRegistry.h"
 #include "Platform/SearchKit/MIMEDatabase.h"
+#include "Platform/SearchKit/ProgramOutput.h"
 
 #include <optional>
 
@@ -56,6 +58,7 @@ ImportStatus import(ImportedFile& file, const std::string& type, std::u16string&
         importers().registry.importerForTypes(importers().kinds.lineage(type), isInstalled);
     if (importer && importer->type != ImporterDescriptor::Type::builtin)
         return runForeignImporter(*importer, file, text, why);
+    renounceOtherPrograms();
     const bool isKnown = !type.empty() && !file.isFolder();
     const std::string_view reader = importer ? importer->reader : readerByContent(file, isKnown);
     return reader.empty() ? ImportStatus::read : importBuiltin(reader, file, text, why);
@@ -64,6 +67,21 @@ ImportStatus import(ImportedFile& file, const std::string& type, std::u16string&
 } // namespace
 
 void loadImporters() { importers(); }
+
+std::vector<std::string> foldersOfImporting() {
+    std::vector<std::string> folders = programFolders();
+    for (const std::string& data : dataFolders()) {
+        folders.push_back(data + "/mime");
+        folders.push_back(data + "/texttool");
+    }
+    for (const ImporterDescriptor& importer : importers().registry.importers()) {
+        for (const std::string& file :
+             {importer.module, importer.command.empty() ? "" : importer.command[0]}) {
+            if (file[0] == '/') folders.push_back(file.substr(0, file.rfind('/')));
+        }
+    }
+    return folders;
+}
 
 bool importDocument(const NSString& path, const NSString& mimeType, std::u16string& text) {
     ImportedFile file(path);

@@ -6,9 +6,14 @@
 #include "Platform/Foundation/NSString.h"
 
 #include <string>
+#include <vector>
 
 // Looks up what importers and kinds of files there are on the system, once.
 void loadImporters();
+
+// The folders that reading a document may still need then: of the kinds of files, and of the programs and
+// libraries that the importers are. They need not exist.
+std::vector<std::string> foldersOfImporting();
 
 // Appends the text of the document, nothing when no importer knows its kind. False when the document cannot
 // be opened or the built-in reader for its kind cannot be loaded; an importer that fails costs only the text,

@@ -2,6 +2,7 @@
 #include "Platform/SearchKit/ProgramOutput.h"
 
 #include "Platform/Foundation/FileDescriptor.h"
+#include "Platform/Sandbox/Sandbox.h"
 #include "Platform/SearchKit/TextLines.h"
 
 #include <algorithm>
@@ -36,6 +37,13 @@ void limit(__rlimit_resource resource, uint64_t value) {
     dup2(output, STDOUT_FILENO);
     dup2(nowhere, STDERR_FILENO);
     for (int number = 1; number < NSIG; ++number) signal(number, SIG_DFL);
+    sigset_t none;
+    sigemptyset(&none);
+    sigprocmask(SIG_SETMASK, &none, nullptr);
+    if (!limits.folder.empty()) {
+        setenv("TMPDIR", limits.folder.c_str(), 1);
+        confineToWorkspace(limits.folder);
+    }
     limit(RLIMIT_CORE, 0);
     limit(RLIMIT_CPU, uint64_t(limits.time.count()));
     limit(RLIMIT_AS, limits.memory);
@@ -90,12 +98,21 @@ bool isProgram(const std::string& file) {
 
 } // namespace
 
-std::string programFile(const std::string& name) {
-    if (name.find('/') != name.npos) return isProgram(name) ? name : "";
+std::vector<std::string> programFolders() {
+    std::vector<std::string> folders;
     const char* variable = getenv("PATH");
     for (std::string_view rest = variable ? variable : "/usr/local/bin:/usr/bin:/bin"; !rest.empty();) {
-        const std::string file = std::string(takePart(rest, ':')) + "/" + name;
-        if (file[0] == '/' && file.size() > name.size() + 1 && isProgram(file)) return file;
+        const std::string_view folder = takePart(rest, ':');
+        if (folder.substr(0, 1) == "/") folders.emplace_back(folder);
+    }
+    return folders;
+}
+
+std::string programFile(const std::string& name) {
+    if (name.find('/') != name.npos) return isProgram(name) ? name : "";
+    for (const std::string& folder : programFolders()) {
+        const std::string file = folder + "/" + name;
+        if (isProgram(file)) return file;
     }
     return "";
 }

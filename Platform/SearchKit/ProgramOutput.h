@@ -13,6 +13,7 @@ struct ProgramLimits {
     uint64_t memory = uint64_t(2) << 30;    // bytes of address space
     uint64_t written = uint64_t(256) << 20; // bytes, of each file that it writes
     size_t output = size_t(64) << 20;       // bytes
+    std::string folder;                     // for its temporary files; in a sandbox it can write nowhere else
 };
 
 // Runs a program, without a shell, in a process group of its own, with nothing on its standard input and its
@@ -20,6 +21,9 @@ struct ProgramLimits {
 // not, `why` says what became of it. A name without a slash is looked for in PATH.
 bool readProgramOutput(const std::vector<std::string>& command, const ProgramLimits& limits,
                        std::string& output, std::string& why);
+
+// The folders in which programs are looked for.
+std::vector<std::string> programFolders();
 
 // The file of a program as the above finds it; "" when there is none.
 std::string programFile(const std::string& name);

@@ -4,8 +4,10 @@
 #include "Platform/AppKit/NSDocumentAttributes.h"
 #include "Platform/Foundation/NSAssertionHandler.h"
 #include "Platform/Foundation/NSUserDefaults.h"
+#include "Source/Tools/texttool/Confinement.h"
 #include "Source/Tools/texttool/Extractors.h"
 #include "Source/Tools/texttool/MarkDocument.h"
+#include "Source/Tools/texttool/Settings.h"
 
 namespace {
 
@@ -13,25 +15,31 @@ struct Request {
     const char16_t* key;
     const char16_t* documentType; // for handlePath, or null
     void (*extractor)();          // or null
+    SystemCalls calls;            // that reading such a document takes
 };
 
 constexpr Request kRequests[] = {
-    {u"WebArchivePath", nullptr, handleWebArchive},
-    {u"HTMLPath", NSHTMLTextDocumentType, nullptr},
-    {u"PDFPath", nullptr, handlePDF},
-    {u"WordPath", NSDocFormatTextDocumentType, nullptr},
-    {u"WordXPath", NSOfficeOpenXMLTextDocumentType, nullptr},
-    {u"ODTPath", NSOpenDocumentTextDocumentType, nullptr},
-    {u"RTFPath", NSRTFTextDocumentType, nullptr},
-    {u"RTFDPath", NSRTFDTextDocumentType, nullptr},
-    {u"QTPath", nullptr, handleQT},
-    {u"ImagePath", nullptr, handleImage},
-    {u"SpotlightPath", nullptr, handleSpotlight},
-    {u"EMLPath", nullptr, handleEML},
+    {u"WebArchivePath", nullptr, handleWebArchive, SystemCalls::showingPages},
+    {u"HTMLPath", NSHTMLTextDocumentType, nullptr, SystemCalls::reading},
+    {u"PDFPath", nullptr, handlePDF, SystemCalls::reading},
+    {u"WordPath", NSDocFormatTextDocumentType, nullptr, SystemCalls::reading},
+    {u"WordXPath", NSOfficeOpenXMLTextDocumentType, nullptr, SystemCalls::reading},
+    {u"ODTPath", NSOpenDocumentTextDocumentType, nullptr, SystemCalls::reading},
+    {u"RTFPath", NSRTFTextDocumentType, nullptr, SystemCalls::reading},
+    {u"RTFDPath", NSRTFDTextDocumentType, nullptr, SystemCalls::reading},
+    {u"QTPath", nullptr, handleQT, SystemCalls::containing},
+    {u"ImagePath", nullptr, handleImage, SystemCalls::containing},
+    {u"SpotlightPath", nullptr, handleSpotlight, SystemCalls::startingOthers},
+    {u"EMLPath", nullptr, handleEML, SystemCalls::reading},
 };
 
 NSString requestValue(const char16_t* key) {
     return NSUserDefaults::standardUserDefaults().stringForKey(key);
+}
+
+SystemCalls callsFor(const Request& request) {
+    const bool isOffline = request.calls == SystemCalls::showingPages && isForcedOffline();
+    return isOffline ? SystemCalls::showingOffline : request.calls;
 }
 
 } // namespace
@@ -40,6 +48,7 @@ void dispatchRequest() {
     for (const Request& request : kRequests) {
         NSString path = requestValue(request.key);
         if (!path) continue;
+        confine(callsFor(request), path);
         if (request.documentType) {
             handlePath(path, request.documentType);
         } else {

@@ -10,9 +10,12 @@
 #include "Platform/Foundation/NSProcessInfo.h"
 #include "Platform/Foundation/NSPropertyListSerialization.h"
 #include "Platform/Foundation/StringFormat.h"
+#include "Source/Tools/texttool/Limits.h"
 #include "ZORFoundation/Source/NSError+ZOR.h"
 #include "ZORFoundation/Source/NSString+ZORFilesBasics.h"
 #include "ZORFoundation/Source/NSString+ZORTextMunging.h"
+
+#include <csignal>
 
 namespace {
 
@@ -31,6 +34,21 @@ NSDictionary withKeywords(const NSDictionary& attributes, const NSString& path) 
     return std::move(all).copy();
 }
 
+NSDictionary errorDictionary(const NSError& error) {
+    NSData archive = NSArchiver::archivedDataWithRootObject(error);
+    return {
+        {NSString(u"errorData"), archive ? archive : NSData(std::string())},
+        {NSString(u"errorString"), orEmpty(error.localizedDescription())},
+    };
+}
+
+NSData serialized(const NSObject& propertyList, NSString* errorDescription) {
+    return ::dataFromPropertyList(propertyList, NSPropertyListBinaryFormat_v1_0, errorDescription);
+}
+
+// Seen by a signal handler.
+volatile sig_atomic_t answerHasBegun = 0;
+
 } // namespace
 
 void reportSuccess(const NSString& path, const NSString& text, const NSObject& title, const NSObject& author,
@@ -45,13 +63,9 @@ void reportSuccess(const NSString& path, const NSString& text, const NSObject& t
     });
 }
 
-void reportError(const NSError& error) {
-    NSData archive = NSArchiver::archivedDataWithRootObject(error);
-    doOutput(NSDictionary{
-        {NSString(u"errorData"), archive ? archive : NSData(std::string())},
-        {NSString(u"errorString"), orEmpty(error.localizedDescription())},
-    });
-}
+void reportError(const NSError& error) { doOutput(errorDictionary(error)); }
+
+NSData errorRecord(const NSError& error) { return serialized(errorDictionary(error), nullptr); }
 
 void reportMissingFile(const NSString& path) {
     reportError(NSError(NSCocoaErrorDomain, NSFileNoSuchFileError, {{NSString(NSFilePathErrorKey), path}}));
@@ -73,16 +87,21 @@ NSDictionary plistifyDictionary(const NSDictionary& dictionary) {
 
 void doOutput(const NSObject& propertyList) {
     NSString errorDescription;
-    NSData data = ::dataFromPropertyList(propertyList, NSPropertyListBinaryFormat_v1_0, &errorDescription);
+    NSData data = serialized(propertyList, &errorDescription);
     if (data) {
-        finishWithData(data);
+        finishWithData(limitedRecord(data));
     } else {
         doOutput(NSDictionary{{NSString(u"error"), errorDescription}});
     }
 }
 
+NSString outputPath() { return NSProcessInfo::processInfo().environmentValue("OutPath"); }
+
+bool hasBegunAnswer() { return answerHasBegun != 0; }
+
 void finishWithData(const NSData& data) {
-    NSString path = NSProcessInfo::processInfo().environmentValue("OutPath");
+    answerHasBegun = 1;
+    NSString path = outputPath();
     if (!path) {
         NSFileHandle& output = NSFileHandle::fileHandleWithStandardOutput();
         output.writeData(data);

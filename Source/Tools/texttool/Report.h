@@ -22,6 +22,9 @@ void reportSuccess(const NSString& path, const NSString& text, const NSObject& t
 // The error may be nil. Raises when its user information holds what cannot be archived.
 void reportError(const NSError& error);
 
+// What reportError writes.
+NSData errorRecord(const NSError& error);
+
 // The error of a document that is not there.
 void reportMissingFile(const NSString& path);
 // The error of a document that is not of its kind.
@@ -34,6 +37,12 @@ NSDictionary plistifyDictionary(const NSDictionary& dictionary);
 void doOutput(const NSObject& propertyList);
 
 void finishWithData(const NSData& data);
+
+// The file that the environment names for the record; nil for standard output.
+NSString outputPath();
+
+// Whether a record is on its way out, or out. May be asked by a signal handler.
+bool hasBegunAnswer();
 
 // The archive of the error with only those entries of its user information that any host knows.
 NSData archiveError(const NSError& error);

@@ -21,3 +21,5 @@ int64_t hostInteger(const char16_t* key, int64_t defaultValue) {
 NSObject hostObject(const char16_t* key, const NSObject& defaultValue) {
     return zorObjectForKey(defaults(), NSString(key), NSString(kHostDomain), defaultValue);
 }
+
+bool isForcedOffline() { return hostBool(u"LkTextToolForceOffline", false); }

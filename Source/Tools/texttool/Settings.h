@@ -17,3 +17,6 @@ inline constexpr const char16_t* kToolDomain = u"" TEXTTOOL_HOST_DOMAIN ".textto
 bool hostBool(const char16_t* key, bool defaultValue);
 int64_t hostInteger(const char16_t* key, int64_t defaultValue);
 NSObject hostObject(const char16_t* key, const NSObject& defaultValue);
+
+// Whether the host wants nothing to be fetched for web archives.
+bool isForcedOffline();

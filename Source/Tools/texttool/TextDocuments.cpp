@@ -3,10 +3,13 @@
 #include "Platform/Foundation/NSNumber.h"
 #include "Platform/WebKit/WebPreferences.h"
 #include "Source/Tools/texttool/Extractors.h"
+#include "Source/Tools/texttool/Limits.h"
 #include "Source/Tools/texttool/MarkDocument.h"
 #include "Source/Tools/texttool/Report.h"
 #include "ZORFoundation/Source/NSError+ZOR.h"
 #include "ZORFoundation/Source/NSString+ZORFilesBasics.h"
+
+#include <cerrno>
 
 namespace {
 
@@ -43,6 +46,16 @@ NSAttributedString readWithRetry(NSMutableDictionary& options, NSError* error, c
     return text;
 }
 
+// A read that failed for want of memory has met a limit, and the error is to name it.
+void reportReadError(const NSError& error) {
+    const NSError underlying = error.userInfo().get<NSError>(NSString(NSUnderlyingErrorKey));
+    if (underlying && underlying == NSError::posix(ENOMEM)) {
+        reportWantOfMemory();
+    } else {
+        reportError(error);
+    }
+}
+
 } // namespace
 
 void handlePath(const NSString& path, const NSString& documentType) {
@@ -60,7 +73,7 @@ void handlePath(const NSString& path, const NSString& documentType) {
     NSError error;
     NSAttributedString text = readDocument(path, documentType, &attributes, &error, false);
     if (!text) {
-        reportError(withPathOfDocument(error, path));
+        reportReadError(withPathOfDocument(error, path));
         return;
     }
     reportSuccess(path, text.string(), attributes.objectForKey(NSString(NSTitleDocumentAttribute)),
@@ -85,7 +98,7 @@ NSAttributedString readDocument(const NSString& path, const NSString& documentTy
 NSData dataFromPath(const NSString& path) {
     NSError error;
     NSData data = NSData::dataWithContentsOfFile(path, NSDataReadingUncached, &error);
-    if (!data) reportError(error);
+    if (!data) reportReadError(error);
     return data;
 }
 

@@ -36,9 +36,7 @@ bool runsScripts() {
            hostBool(u"LkTextToolEnableJavaScript", false);
 }
 
-bool isOffline() {
-    return !NSProcessInfoZOR::zorIsMavericksOrBetter() || hostBool(u"LkTextToolForceOffline", false);
-}
+bool isOffline() { return !NSProcessInfoZOR::zorIsMavericksOrBetter() || isForcedOffline(); }
 
 } // namespace
 

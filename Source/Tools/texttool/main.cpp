@@ -4,21 +4,36 @@
 // host reads an empty output as failure.
 #include "Platform/AppKit/NSApplication.h"
 #include "Platform/Foundation/CrashReporter.h"
+#include "Platform/Foundation/FileDescriptor.h"
 #include "Platform/Foundation/NSException.h"
+#include "Platform/Foundation/NSFileHandle.h"
 #include "Platform/Foundation/NSLog.h"
 #include "Platform/Foundation/NSUserDefaults.h"
 #include "Platform/Foundation/StringFormat.h"
 #include "Source/Tools/texttool/Dispatch.h"
+#include "Source/Tools/texttool/Limits.h"
+#include "Source/Tools/texttool/Report.h"
 #include "Source/Tools/texttool/Settings.h"
 
 #include <csignal>
 #include <new>
+
+namespace {
+
+// What the document took has been given back by now. Where even that is not enough a line is all, and it asks
+// for none.
+void answerWithoutMemory() try { reportWantOfMemory(); } catch (const std::bad_alloc&) {
+    writeAll(STDERR_FILENO, "texttool: there is not enough memory for the record\n");
+}
+
+} // namespace
 
 int main(int, const char**) {
     installCrashReporter();
     // A reader that has gone and a file at its limit are failed writes, not ends of the process.
     signal(SIGPIPE, SIG_IGN);
     signal(SIGXFSZ, SIG_IGN);
+    if (!outputPath()) NSFileHandle::reserveStandardOutput();
     NSApplicationLoad();
     try {
         NSUserDefaults::standardUserDefaults().setDomain(kToolDomain);
@@ -26,7 +41,7 @@ int main(int, const char**) {
     } catch (const NSException& exception) {
         NSLog(stringWithFormat("%@: %@", exception.name(), exception.reason()));
     } catch (const std::bad_alloc&) {
-        NSLog(stringWithFormat("%@: there is not enough memory for the record", NSString(NSMallocException)));
+        answerWithoutMemory();
     }
     return 0;
 }
