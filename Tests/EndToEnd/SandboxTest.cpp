@@ -142,6 +142,27 @@ TEST_F(Sandbox, HoldsImportersThatArePrograms) {
     EXPECT_EQ(imported("trace\n"), "eperm ");
 }
 
+// Root is bound by no number of processes, so this is somebody else's request.
+TEST_F(Sandbox, BoundsTheProcessesOfPrograms) {
+    setLimit("LkTextToolProcessLimit = 16");
+    fs::permissions(folder.path(), fs::perms(0755));
+    fs::copy_file(HOSTILE_PROGRAM, path("bin/program"));
+    describe("Type=exec\nTimeout=60\nExec=" + path("bin/program") + " %f\n");
+    const std::string file = write("commands.example", "breed\n");
+    std::vector<std::string> arguments = {path("bin/texttool"), "-SpotlightPath", file};
+    if (geteuid() == 0) {
+        for (const char* word : {"--clear-groups", "--regid=65534", "--reuid=65534"})
+            arguments.insert(arguments.begin(), word);
+    } else {
+        arguments.insert(arguments.begin(), "--no-new-privs");
+    }
+    const ToolResult result =
+        runTool({.arguments = arguments,
+                 .environment = {{"XDG_DATA_HOME", path("data")}, {"XDG_CONFIG_HOME", path("config")}},
+                 .program = "setpriv"});
+    EXPECT_EQ(stringIn(recordOf(result.output), u"string"), "eagain ") << result.errors;
+}
+
 TEST_F(Sandbox, LeavesProgramsAFolderOfTheirOwnThatIsGoneAfterwards) {
     write("script",
           "#!/bin/sh\necho inside > \"$TMPDIR/file\" && cat \"$TMPDIR/file\" && echo \"$TMPDIR\"\n");
@@ -185,12 +206,12 @@ TEST_F(Sandbox, ReadersThatLoopEndInAnErrorThatNamesTheLimit) {
     const std::string file = write("commands.html", "loop\n");
     const ToolResult result = run("HTMLPath", file);
     EXPECT_EQ(result.status, 0);
-    expectLimitError(result.output, file,
-                     "The document needs more processor time than the limit of 1 s.", 60);
+    expectLimitError(result.output, file, "The document needs more processor time than the limit of 1 s.",
+                     60);
     const std::string record = write("record", "former");
     EXPECT_EQ(run("HTMLPath", file, {{"OutPath", record}}).status, 0);
-    expectLimitError(readFile(record), file,
-                     "The document needs more processor time than the limit of 1 s.", 60);
+    expectLimitError(readFile(record), file, "The document needs more processor time than the limit of 1 s.",
+                     60);
 }
 
 TEST_F(Sandbox, LargeRecordsEndInAnErrorThatNamesTheLimit) {

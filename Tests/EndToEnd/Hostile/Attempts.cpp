@@ -55,6 +55,23 @@ bool forks() {
     return child > 0 && waitpid(child, nullptr, 0) == child;
 }
 
+// Until no more processes are to be had, and far more than any system has at a time.
+bool breeds() {
+    std::vector<pid_t> children;
+    while (children.size() < 20'000) {
+        const pid_t child = fork();
+        if (child == 0) {
+            for (;;) pause();
+        }
+        if (child < 0) break;
+        children.push_back(child);
+    }
+    const int reason = errno;
+    for (pid_t child : children) kill(child, SIGKILL);
+    errno = reason;
+    return children.size() == 20'000;
+}
+
 void exhaustMemory() {
     std::vector<std::string> all;
     for (;;) all.emplace_back(size_t(1) << 24, 'x');
@@ -82,6 +99,7 @@ std::string attempt(const std::string& command) {
     if (verb == "remove") return outcome(unlink(path.c_str()) == 0);
     if (verb == "execute") return outcome(executes(path));
     if (verb == "fork") return outcome(forks());
+    if (verb == "breed") return outcome(breeds());
     if (verb == "trace") return outcome(ptrace(PTRACE_ATTACH, getppid(), nullptr, nullptr) == 0);
     if (verb == "signal") return outcome(kill(getppid(), 0) == 0);
     if (verb == "print") return outcome(write(STDOUT_FILENO, "rubbish", 7) == 7);
