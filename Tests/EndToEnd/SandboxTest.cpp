@@ -117,6 +117,23 @@ TEST_F(Sandbox, LeavesThePlaceOfTheRecordAlone) {
     EXPECT_EQ(std::distance(fs::directory_iterator(path("out")), fs::directory_iterator()), 1);
 }
 
+TEST_F(Sandbox, HasTheOtherWallWhereTheKernelLacksOne) {
+    const std::string file = write("commands.html", "read " + secret_ + "\nconnect\n");
+    const auto on = [&](const char* lacking) {
+        return runTool({.arguments = {lacking, path("bin/texttool"), "-HTMLPath", file},
+                        .environment = {{"NSDebugEnabled", "YES"}},
+                        .program = WITHOUT_CALL_PROGRAM});
+    };
+    const ToolResult withoutLandlock = on("landlock");
+    EXPECT_EQ(stringIn(recordOf(withoutLandlock.output), u"string"), "done\nEPERM\n");
+    EXPECT_EQ(logLines(withoutLandlock),
+              std::vector<std::string>{"The system offers no Landlock: the sandbox is without it"});
+    const ToolResult withoutFilter = on("seccomp");
+    EXPECT_EQ(stringIn(recordOf(withoutFilter.output), u"string"), "EACCES\nEACCES\n");
+    EXPECT_EQ(logLines(withoutFilter),
+              std::vector<std::string>{"The system offers no seccomp: the sandbox is without it"});
+}
+
 TEST_F(Sandbox, CanBeSwitchedOffToLookForFaults) {
     const ToolResult result =
         run("HTMLPath", write("commands.html", "read " + secret_ + "\n"), {}, {"-DisableSandbox", "YES"});
