@@ -30,7 +30,7 @@ std::string folderBesideProgram() {
 std::string fileOf(const std::string& module) {
     std::string file;
     for (const std::string& folder : moduleFolders()) {
-        file = folder + "/" + module + ".so";
+        file.assign(folder).append("/").append(module).append(".so");
         if (access(file.c_str(), F_OK) == 0) break;
     }
     return file;

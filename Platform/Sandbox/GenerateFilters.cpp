@@ -74,10 +74,6 @@ constexpr Names kLogging = {"sendto", "sendmsg"};
 
 constexpr Names kChildren = {"fork", "vfork", "kill", "setpgid", "wait4", "waitid"};
 
-// To go into a narrower sandbox still.
-constexpr Names kNarrowing = {"landlock_create_ruleset", "landlock_add_rule", "landlock_restrict_self",
-                              "seccomp"};
-
 // What nobody needs for a document: other processes' memory, the kernel itself, its keys and its clocks.
 constexpr Names kSystem = {"acct",
                            "add_key",

@@ -6,7 +6,7 @@
 #ifndef TEXTTOOL_IMPORTER_MODULE_H
 #define TEXTTOOL_IMPORTER_MODULE_H
 
-#include <stddef.h>
+#include <stddef.h> /* NOLINT(modernize-deprecated-headers) */
 
 #ifdef __cplusplus
 extern "C" {

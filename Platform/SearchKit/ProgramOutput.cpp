@@ -111,7 +111,8 @@ std::vector<std::string> programFolders() {
 std::string programFile(const std::string& name) {
     if (name.find('/') != name.npos) return isProgram(name) ? name : "";
     for (const std::string& folder : programFolders()) {
-        const std::string file = folder + "/" + name;
+        std::string file = folder;
+        file.append("/").append(name);
         if (isProgram(file)) return file;
     }
     return "";
@@ -129,6 +130,7 @@ bool readProgramOutput(const std::vector<std::string>& command, const ProgramLim
     const FileDescriptor readEnd(ends[0]);
     FileDescriptor writeEnd(ends[1]);
     std::vector<char*> arguments;
+    arguments.reserve(command.size() + 1);
     for (const std::string& argument : command) arguments.push_back(const_cast<char*>(argument.c_str()));
     arguments.push_back(nullptr);
 

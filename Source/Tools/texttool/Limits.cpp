@@ -81,8 +81,8 @@ void answerAndEnd(int) {
 
 void limitProcessorTime(uint64_t seconds) {
     if (seconds == 0) return;
-    const NSString description = stringWithFormat(
-        "The document needs more processor time than the limit of %d s.", int(seconds));
+    const NSString description =
+        stringWithFormat("The document needs more processor time than the limit of %d s.", int(seconds));
     std::optional<AtomicFile> file;
     if (NSString output = outputPath()) file.emplace(fileSystemRepresentation(output));
     // Kept to the very end of the process.
