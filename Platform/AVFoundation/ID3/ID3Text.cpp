@@ -42,6 +42,8 @@ std::vector<std::u16string> stringsOfTextFrame(std::string_view body) {
     for (std::u16string& string : strings) {
         if (string.starts_with(u'\uFEFF')) string.erase(0, 1);
     }
+    // Nulls at the end are padding, not values, the last of which would hide the text.
+    while (!strings.empty() && strings.back().empty()) strings.pop_back();
     return strings;
 }
 

@@ -56,6 +56,13 @@ TEST(ID3Reader, GivesEachOfSeveralValues) {
     EXPECT_EQ(frames(id3Tag(4, id3Frame("TPE1", two, 0, 4))), (Texts{{"TPE1", "a"}, {"TPE1", "b"}}));
 }
 
+TEST(ID3Reader, TakesNoNullsAtTheEndForValues) {
+    EXPECT_EQ(frames(id3Tag(4, id3Frame("TIT2", "\3Title\0\0\0"s, 0, 4))), (Texts{{"TIT2", "Title"}}));
+    const std::string wide = "\1\xFF\xFE"s + "a\0\0\0"s + "\xFF\xFE" + "\0\0"s;
+    EXPECT_EQ(frames(id3Tag(4, id3Frame("TIT2", wide, 0, 4))), (Texts{{"TIT2", "a"}}));
+    EXPECT_EQ(frames(id3Tag(3, id3Frame("TIT2", "\0\0\0"s))), Texts());
+}
+
 TEST(ID3Reader, EndsTextsOfOlderVersionsAtANull) {
     EXPECT_EQ(frames(id3Tag(3, id3Frame("TPE1", "\0One\0junk"s))), (Texts{{"TPE1", "One"}}));
     EXPECT_EQ(frames(id3Tag(2, id3Frame("TP1", "\0One\0junk"s, 0, 2))), (Texts{{"TPE1", "One"}}));
