@@ -57,6 +57,29 @@ std::string id3Version1() {
            "\x0C";
 }
 
+// An object of a Windows Media file.
+std::string asfObject(std::string_view identifier, std::string_view body) {
+    return std::string(identifier) + littleEndian(24 + body.size(), 8) + std::string(body);
+}
+
+// A Windows Media file with a content description behind the properties of the file and of its stream.
+std::string asfFile(const std::string& title, const std::string& artist) {
+    const auto wide = [](const std::string& ascii) {
+        std::string units;
+        for (char c : ascii) units += {c, '\0'};
+        return units;
+    };
+    const std::string properties(80, '\0');
+    const std::string description = littleEndian(2 * title.size(), 2) + littleEndian(2 * artist.size(), 2) +
+                                    littleEndian(0, 6) + wide(title) + wide(artist);
+    const std::string objects =
+        asfObject("\xA1\xDC\xAB\x8C\x47\xA9\xCF\x11\x8E\xE4\0\xC0\x0C\x20\x53\x65"s, properties) +
+        asfObject("\x91\x07\xDC\xB7\xB7\xA9\xCF\x11\x8E\xE6\0\xC0\x0C\x20\x53\x65"s, properties) +
+        asfObject("\x33\x26\xB2\x75\x8E\x66\xCF\x11\xA6\xD9\0\xAA\0\x62\xCE\x6C"s, description);
+    return "\x30\x26\xB2\x75\x8E\x66\xCF\x11\xA6\xD9\0\xAA\0\x62\xCE\x6C"s +
+           littleEndian(30 + objects.size(), 8) + littleEndian(3, 4) + "\1\2" + objects;
+}
+
 TEST_F(AudioTags, OfFLACAreItsComments) {
     const std::string file =
         "fLaC" + flacBlock(0, std::string(34, '\0')) +
@@ -71,6 +94,18 @@ TEST_F(AudioTags, AtTheEndAreReadWithoutAKnownContainer) {
     const Texts old = tags(sound + id3Version1());
     EXPECT_NE(std::find(old.begin(), old.end(), std::pair<std::string, std::string>("TITLE", "Café")),
               old.end());
+}
+
+TEST_F(AudioTags, OfEachContainerAreWhereItHasThem) {
+    const std::string sound(2000, 's');
+    const std::string ape = apeTag(apeItem("Title", "T") + apeItem("Artist", "A"), 2);
+    for (const char* start : {"MAC ", "MPCK", "MP+", "wvPk"})
+        EXPECT_EQ(tags(start + sound + ape), (Texts{{"ARTIST", "A"}, {"TITLE", "T"}})) << start;
+    const Texts trueAudio = tags("TTA1" + sound + id3Version1());
+    EXPECT_NE(
+        std::find(trueAudio.begin(), trueAudio.end(), std::pair<std::string, std::string>("TITLE", "Café")),
+        trueAudio.end());
+    EXPECT_EQ(tags(asfFile("T", "A")), (Texts{{"ARTIST", "A"}, {"TITLE", "T"}}));
 }
 
 TEST_F(AudioTags, OfADamagedFileAreNone) {
