@@ -13,7 +13,6 @@
 #include <mpegfile.h>
 #include <stdexcept>
 #include <tpropertymap.h>
-#include <trueaudiofile.h>
 #include <wavpackfile.h>
 
 namespace {
@@ -29,8 +28,6 @@ std::unique_ptr<TagLib::File> fileOfKind(AudioTagsKind kind, TagLib::IOStream* s
     case AudioTagsKind::monkeysAudio: return std::make_unique<TagLib::APE::File>(stream, false);
     case AudioTagsKind::musepack: return std::make_unique<TagLib::MPC::File>(stream, false);
     case AudioTagsKind::wavPack: return std::make_unique<TagLib::WavPack::File>(stream, false);
-    case AudioTagsKind::trueAudio:
-        return std::make_unique<TagLib::TrueAudio::File>(stream, FrameFactory::instance(), false);
     case AudioTagsKind::windowsMedia: return std::make_unique<TagLib::ASF::File>(stream, false);
     case AudioTagsKind::atTheEnd:
         return std::make_unique<TagLib::MPEG::File>(stream, FrameFactory::instance(), false);

@@ -16,7 +16,6 @@ constexpr Magic kMagic[] = {
     {"MP+", AudioTagsKind::musepack},
     {"MPCK", AudioTagsKind::musepack},
     {"wvPk", AudioTagsKind::wavPack},
-    {"TTA", AudioTagsKind::trueAudio},
     {"\x30\x26\xB2\x75\x8E\x66\xCF\x11", AudioTagsKind::windowsMedia},
 };
 

@@ -11,7 +11,6 @@ enum class AudioTagsKind {
     monkeysAudio,
     musepack,
     wavPack,
-    trueAudio,
     windowsMedia,
     atTheEnd // none of these, but there is an APE or an ID3v1 tag at the end
 };

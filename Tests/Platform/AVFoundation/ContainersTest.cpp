@@ -196,7 +196,7 @@ TEST(ReadMedia, SaysForWhichLibraryReaderTheRestIs) {
         {"MP+12345", AudioTagsKind::musepack},
         {"MPCK1234", AudioTagsKind::musepack},
         {"wvPk1234", AudioTagsKind::wavPack},
-        {"TTA11234", AudioTagsKind::trueAudio},
+        {"TTA1" + std::string(28, 'x'), AudioTagsKind::none},
         {"\x30\x26\xB2\x75\x8E\x66\xCF\x11", AudioTagsKind::windowsMedia},
         {"TAG" + std::string(125, 'x'), AudioTagsKind::atTheEnd},
         {"sound"
