@@ -11,7 +11,6 @@ struct Magic {
 };
 
 constexpr Magic kMagic[] = {
-    {"fLaC", AudioTagsKind::flac},
     {"MAC ", AudioTagsKind::monkeysAudio},
     {"MP+", AudioTagsKind::musepack},
     {"MPCK", AudioTagsKind::musepack},

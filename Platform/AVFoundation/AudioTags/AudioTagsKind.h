@@ -7,7 +7,6 @@
 
 enum class AudioTagsKind {
     none,
-    flac,
     monkeysAudio,
     musepack,
     wavPack,

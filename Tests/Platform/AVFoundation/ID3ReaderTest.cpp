@@ -33,6 +33,7 @@ TEST(ID3Reader, DecodesEachEncoding) {
         const char* text;
     } const cases[] = {
         {"\0caf\xE9 \x93q\x94"s, "café “q”"},
+        {"\0caf\xC3\xA9"s, "café"},
         {"\1\xFF\xFE"s + "h\0i\0"s, "hi"},
         {"\1\xFE\xFF"s + utf16BigEndian(u"café"), "café"},
         {"\1"s + "h\0i\0"s, "hi"},
