@@ -100,8 +100,7 @@ TEST_F(Media, PrefersTheTagInFrontToOneAtTheEnd) {
     const auto field = [](std::string text) { return text + std::string(30 - text.size(), '\0'); };
     const std::string old = "TAG" + field("old") + field("A") + field("L") + "2001" + field("") + "\x0C";
     EXPECT_EQ(stringIn(record("sound" + old), u"string"), "old\nL\nA");
-    EXPECT_EQ(stringIn(record(id3Tag(3, id3Frame("TIT2", "\0front"s)) + "MAC sound" + old), u"string"),
-              "front\nL\nA");
+    EXPECT_EQ(stringIn(record(id3Tag(3, id3Frame("TIT2", "\0front"s)) + "sound" + old), u"string"), "front");
     EXPECT_EQ(stringIn(record(id3Tag(3, id3Frame("TPE1", "\0front"s)) + "sound" + old), u"string"),
               "old\nL\nfront");
 }
@@ -111,7 +110,7 @@ TEST_F(Media, ThatIsNoneIsAnEmptySuccess) {
     expectEmptySuccess(write("text.mp3", "not a media file"));
     expectEmptySuccess(write("zeros", std::string(100'000, '\0')));
     expectEmptySuccess(write("movie", movieFile("")));
-    expectEmptySuccess(write("damaged", "MAC " + std::string(100, '\xFF')));
+    expectEmptySuccess(write("damaged", "\x30\x26\xB2\x75\x8E\x66\xCF\x11" + std::string(100, '\xFF')));
 }
 
 TEST_F(Media, ThatIsMissingOrNoFileIsAnError) {

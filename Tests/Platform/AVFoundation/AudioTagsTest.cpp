@@ -98,14 +98,21 @@ TEST_F(AudioTags, OfEachContainerAreWhereItHasThem) {
 }
 
 TEST_F(AudioTags, OfADamagedFileAreNone) {
-    for (const char* start : {"MAC ", "MPCK", "MP+", "wvPk", "\x30\x26\xB2\x75\x8E\x66\xCF\x11"})
-        EXPECT_EQ(tags(start + std::string(100, '\xFF')), Texts()) << start;
+    EXPECT_EQ(tags("\x30\x26\xB2\x75\x8E\x66\xCF\x11" + std::string(100, '\xFF')), Texts());
+    EXPECT_EQ(tags("sound" + apeTag(std::string(40, '\xFF'), 3)), Texts());
+}
+
+TEST_F(AudioTags, OfOldTagsPrecedeTheOthers) {
+    const Texts found = tags("sound" + apeTag(apeItem("Title", "A long title"), 1) + id3Version1("A lo"));
+    EXPECT_EQ(found.front(), (std::pair<std::string, std::string>("ALBUM", "Album")));
+    EXPECT_EQ(found.back(), (std::pair<std::string, std::string>("TITLE", "A long title")));
 }
 
 TEST_F(AudioTags, DoNotCloseTheDescriptor) {
     std::vector<MediaItem> items;
-    const int descriptor = open("MAC ");
-    readAudioTags(descriptor, AudioTagsKind::monkeysAudio, items);
+    const int descriptor = open("sound" + id3Version1("Title"));
+    readAudioTags(descriptor, AudioTagsKind::atTheEnd, items);
+    EXPECT_FALSE(items.empty());
     EXPECT_GE(fcntl(descriptor, F_GETFD), 0);
 }
 
