@@ -3,6 +3,7 @@
 
 #include "Platform/AVFoundation/Atoms/AtomWalker.h"
 #include "Platform/AVFoundation/Chunks/ChunkReader.h"
+#include "Platform/AVFoundation/FLAC/FLACReader.h"
 #include "Platform/AVFoundation/ID3/ID3Reader.h"
 #include "Platform/AVFoundation/Matroska/MatroskaReader.h"
 #include "Platform/AVFoundation/Ogg/OggReader.h"
@@ -18,7 +19,8 @@ AudioTagsKind readMedia(ByteSource& source, std::vector<MediaItem>& items) {
     if (readMatroskaFile(source, items)) return AudioTagsKind::none;
     ByteRange content = {0, source.size()};
     for (int i = 0; i < kTagsInFront; ++i) content = content.part(readID3Tag(source, content, items));
-    if (readChunkFile(source, content, items) || readOggFile(source, content, items))
+    if (readChunkFile(source, content, items) || readOggFile(source, content, items) ||
+        readFLACFile(source, content, items))
         return AudioTagsKind::none;
     const AudioTagsKind kind = audioTagsKind(source, content.begin);
     // A tag in front that names the piece says all that the one at the end does.

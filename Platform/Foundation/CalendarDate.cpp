@@ -2,7 +2,9 @@
 #include "Platform/Foundation/CalendarDate.h"
 
 #include <algorithm>
+#include <cinttypes>
 #include <cmath>
+#include <cstdio>
 #include <ctime>
 
 namespace {
@@ -49,6 +51,14 @@ CalendarDate calendarDate(double referenceTime) {
     date.minute = int(secondOfDay / 60 % 60);
     date.second = int(secondOfDay % 60);
     return date;
+}
+
+std::string dateText(double referenceTime) {
+    const CalendarDate date = calendarDate(referenceTime);
+    char text[64];
+    snprintf(text, sizeof text, "%04" PRId64 "-%02d-%02dT%02d:%02d:%02dZ", date.year, date.month, date.day,
+             date.hour, date.minute, date.second);
+    return text;
 }
 
 double referenceTime(const CalendarDate& date) {

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 // From the Unix epoch to the reference date.
 constexpr double NSTimeIntervalSince1970 = 978307200.0;
@@ -17,6 +18,9 @@ struct CalendarDate {
 // The date in UTC of a reference time, fractions of a second cut off. Times past the year ±1e8 are held
 // there; not-a-number is the reference date.
 CalendarDate calendarDate(double referenceTime);
+
+// The date in UTC of a reference time as property lists and JSON have it: "2001-01-01T00:00:00Z".
+std::string dateText(double referenceTime);
 
 // The reference time of a date in UTC; fields out of their ranges carry over.
 double referenceTime(const CalendarDate& date);

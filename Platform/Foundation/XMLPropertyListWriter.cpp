@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include "Platform/Foundation/Base64.h"
 #include "Platform/Foundation/NSArray.h"
 #include "Platform/Foundation/NSClass.h"
 #include "Platform/Foundation/NSData.h"
@@ -9,11 +10,8 @@
 #include "Platform/Foundation/PropertyListFormats.h"
 #include "Platform/Foundation/UnicodeText.h"
 
-#include "Platform/Foundation/Base64.h"
 #include <algorithm>
-#include <cinttypes>
 #include <cmath>
-#include <cstdio>
 #include <vector>
 
 namespace {
@@ -41,7 +39,6 @@ private:
     void array(const NSArray& array, size_t level);
     void dictionary(const NSDictionary& dictionary, size_t level);
     void number(const NSNumber& number, size_t level);
-    void date(const NSDate& date, size_t level);
     void data(std::string_view bytes, size_t level);
     void uid(const CFKeyedArchiverUID& uid, size_t level);
 
@@ -113,14 +110,6 @@ void XMLWriter::number(const NSNumber& number, size_t level) {
     element(level, "real", value == 0 ? "0.0" : toUTF8(generalNumberText(value, 17)));
 }
 
-void XMLWriter::date(const NSDate& date, size_t level) {
-    const CalendarDate d = calendarDate(date.timeIntervalSinceReferenceDate());
-    char text[64];
-    int length = snprintf(text, sizeof text, "%04" PRId64 "-%02d-%02dT%02d:%02d:%02dZ", d.year, d.month,
-                          d.day, d.hour, d.minute, d.second);
-    element(level, "date", std::string_view(text, size_t(length)));
-}
-
 void XMLWriter::data(std::string_view bytes, size_t level) {
     const size_t tabs = std::min(level, kDataIndentLimit);
     const size_t bytesPerLine = (kDataLineLength - 8 * tabs) / 4 * 3;
@@ -145,7 +134,8 @@ void XMLWriter::object(const NSObject& object, size_t level) {
     case NSKind::string: return textElement(level, "string", object);
     case NSKind::number: return number(as<NSNumber>(object), level);
     case NSKind::data: return data(as<NSData>(object).bytes(), level);
-    case NSKind::date: return date(as<NSDate>(object), level);
+    case NSKind::date:
+        return element(level, "date", dateText(as<NSDate>(object).timeIntervalSinceReferenceDate()));
     case NSKind::array: return array(as<NSArray>(object), level);
     case NSKind::dictionary: return dictionary(as<NSDictionary>(object), level);
     case NSKind::uid: return uid(as<CFKeyedArchiverUID>(object), level);

@@ -25,6 +25,22 @@ TEST_F(Image, GivesItsFieldsInTheOrderOfTheirList) {
               "a\nb\nc");
 }
 
+TEST_F(Image, GivesEveryFieldOfItsListsAndNoOther) {
+    std::string iptc;
+    // By the numbers of the datasets, the instructions among them.
+    for (unsigned dataset :
+         {5, 12, 15, 20, 25, 27, 40, 80, 85, 90, 92, 95, 101, 105, 110, 115, 116, 118, 120})
+        iptc += iptcDataset(2, dataset, std::to_string(dataset));
+    const std::string tiff = tiffFile({{0x010D, "document"},
+                                       {0x010E, "description"},
+                                       {0x010F, "maker"},
+                                       {0x013B, "artist"},
+                                       {0x8298, "me"}});
+    EXPECT_EQ(stringIn(record(jpegFile(iptc, tiff)), u"string"),
+              "5\n12\n15\n20\n27\n80\n85\n90\n92\n95\n25\n101\n105\n110\n115\n116\n118\n120\n"
+              "document\ndescription\nartist\nme");
+}
+
 TEST_F(Image, TakesHeadlineAndFirstBylineForTitleAndAuthor) {
     const NSDictionary found =
         record(jpegFile(iptcDataset(2, 105, "News") + iptcDataset(2, 80, "Ann") + iptcDataset(2, 80, "Bob")));

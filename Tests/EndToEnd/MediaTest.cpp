@@ -88,12 +88,21 @@ TEST_F(Media, OfAnMP3HasCommonItemsOnly) {
     EXPECT_EQ(stringIn(found, u"string"), "T\nL\nA");
 }
 
-TEST_F(Media, PrefersTheTagInFrontToTheFilesOwn) {
+TEST_F(Media, TakesTheTagsOfAFileInTheirOrder) {
     const std::string comment = vorbisComment({"TITLE=own", "ALBUM=L"});
-    const std::string flac = "fLaC" + std::string("\0\0\0\x22", 4) + std::string(34, '\0') + "\x84" +
-                             bigEndian(comment.size(), 3) + comment;
+    const std::string flac = "fLaC\x84" + bigEndian(comment.size(), 3) + comment;
     EXPECT_EQ(stringIn(record(flac), u"string"), "own\nL");
-    EXPECT_EQ(stringIn(record(id3Tag(3, id3Frame("TIT2", "\0front"s)) + flac), u"string"), "front\nL");
+    const std::string tag = id3Tag(3, id3Frame("TIT2", "\0front"s) + id3Frame("TPE1", "\0A"s));
+    EXPECT_EQ(stringIn(record(tag + flac), u"string"), "own\nL\nA");
+}
+
+TEST_F(Media, PrefersTheTagInFrontToOneAtTheEnd) {
+    const auto field = [](std::string text) { return text + std::string(30 - text.size(), '\0'); };
+    const std::string old = "TAG" + field("old") + field("A") + field("L") + "2001" + field("") + "\x0C";
+    EXPECT_EQ(stringIn(record("sound" + old), u"string"), "old\nL\nA");
+    EXPECT_EQ(stringIn(record(id3Tag(3, id3Frame("TIT2", "\0front"s)) + "sound" + old), u"string"), "front");
+    EXPECT_EQ(stringIn(record(id3Tag(3, id3Frame("TPE1", "\0front"s)) + "sound" + old), u"string"),
+              "old\nL\nfront");
 }
 
 TEST_F(Media, ThatIsNoneIsAnEmptySuccess) {
@@ -101,7 +110,7 @@ TEST_F(Media, ThatIsNoneIsAnEmptySuccess) {
     expectEmptySuccess(write("text.mp3", "not a media file"));
     expectEmptySuccess(write("zeros", std::string(100'000, '\0')));
     expectEmptySuccess(write("movie", movieFile("")));
-    expectEmptySuccess(write("damaged", "fLaC" + std::string(100, '\xFF')));
+    expectEmptySuccess(write("damaged", "\x30\x26\xB2\x75\x8E\x66\xCF\x11" + std::string(100, '\xFF')));
 }
 
 TEST_F(Media, ThatIsMissingOrNoFileIsAnError) {

@@ -7,13 +7,8 @@
 
 enum class AudioTagsKind {
     none,
-    flac,
-    monkeysAudio,
-    musepack,
-    wavPack,
-    trueAudio,
     windowsMedia,
-    atTheEnd // none of these, but there is an APE or an ID3v1 tag at the end
+    atTheEnd // whatever the file is, there is an APE or an ID3v1 tag at the end
 };
 
 // The kind of a file whose content begins at `begin`, behind other tags.

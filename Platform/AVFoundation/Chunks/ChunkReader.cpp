@@ -3,9 +3,8 @@
 
 #include "Platform/AVFoundation/Atoms/AtomText.h"
 #include "Platform/AVFoundation/ID3/ID3Reader.h"
+#include "Platform/AVFoundation/LatinText.h"
 #include "Platform/Foundation/ASCII.h"
-#include "Platform/Foundation/NSStringEncoding.h"
-#include "Platform/Foundation/UnicodeText.h"
 
 #include <algorithm>
 #include <optional>
@@ -75,14 +74,8 @@ public:
     void readRIFF(ByteRange chunks) {
         forEach(chunks, kRIFF, [&](const Chunk& chunk) {
             if (chunk.name == "LIST" && source_.bytes(chunk.body.begin, 4) == "INFO") {
-                forEach(chunk.body.part(4), kRIFF, [&](const Chunk& text) {
-                    addText(kRIFFTexts, text, [](std::string_view bytes) {
-                        std::u16string out;
-                        appendDecoded(out, bytes,
-                                      isUTF8(bytes) ? NSUTF8StringEncoding : NSWindowsCP1252StringEncoding);
-                        return out;
-                    });
-                });
+                forEach(chunk.body.part(4), kRIFF,
+                        [&](const Chunk& text) { addText(kRIFFTexts, text, latinText); });
             }
         });
     }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/AVFoundation/ID3/ID3Text.h"
 
+#include "Platform/AVFoundation/LatinText.h"
 #include "Platform/Foundation/NSStringEncoding.h"
 
 namespace {
@@ -31,8 +32,7 @@ std::vector<std::u16string> stringsOfTextFrame(std::string_view body) {
     body.remove_prefix(1);
     std::u16string text;
     switch (encoding) {
-    // The standard says ISO Latin 1; writers take its extension by Windows.
-    case 0: appendDecoded(text, body, NSWindowsCP1252StringEncoding); break;
+    case 0: text = latinText(body); break;
     case 1:
     case 2: appendDecoded(text, body.substr(0, body.size() & ~size_t(1)), encodingOfUTF16(body)); break;
     case 3: appendDecoded(text, body, NSUTF8StringEncoding); break;
@@ -42,6 +42,8 @@ std::vector<std::u16string> stringsOfTextFrame(std::string_view body) {
     for (std::u16string& string : strings) {
         if (string.starts_with(u'\uFEFF')) string.erase(0, 1);
     }
+    // Nulls at the end are padding, not values, the last of which would hide the text.
+    while (!strings.empty() && strings.back().empty()) strings.pop_back();
     return strings;
 }
 

@@ -2,6 +2,7 @@
 #include "Source/Tools/showrecord/RecordJSON.h"
 
 #include "Platform/Foundation/Base64.h"
+#include "Platform/Foundation/CalendarDate.h"
 #include "Platform/Foundation/NSArray.h"
 #include "Platform/Foundation/NSData.h"
 #include "Platform/Foundation/NSDate.h"
@@ -11,17 +12,8 @@
 
 #include <charconv>
 #include <cmath>
-#include <cstdio>
 
 namespace {
-
-std::string isoDate(double seconds) {
-    CalendarDate date = calendarDate(seconds);
-    char text[64];
-    snprintf(text, sizeof text, "%04lld-%02d-%02dT%02d:%02d:%02dZ", static_cast<long long>(date.year),
-             date.month, date.day, date.hour, date.minute, date.second);
-    return text;
-}
 
 std::string realText(double value) {
     char text[32];
@@ -126,7 +118,7 @@ void JSONWriter::value(const NSObject& value) {
     } else if (is<NSDictionary>(value)) {
         dictionary(as<NSDictionary>(value));
     } else if (is<NSDate>(value)) {
-        tagged(u"$date", isoDate(as<NSDate>(value).timeIntervalSinceReferenceDate()));
+        tagged(u"$date", dateText(as<NSDate>(value).timeIntervalSinceReferenceDate()));
     } else if (is<NSData>(value)) {
         std::string digits;
         appendBase64(digits, as<NSData>(value).bytes());

@@ -35,10 +35,6 @@ protected:
     FileDescriptor file;
 };
 
-std::string flacBlock(unsigned type, std::string_view body) {
-    return bigEndian(type, 1) + bigEndian(body.size(), 3) + std::string(body);
-}
-
 std::string apeItem(std::string_view key, std::string_view value) {
     return littleEndian(value.size(), 4) + littleEndian(0, 4) + std::string(key) + '\0' + std::string(value);
 }
@@ -52,37 +48,71 @@ std::string field(std::string_view text, size_t length) {
     return std::string(text) + std::string(length - text.size(), '\0');
 }
 
-std::string id3Version1() {
-    return "TAG" + field("Caf\xE9", 30) + field("Artist", 30) + field("Album", 30) + "2001" + field("", 30) +
+std::string id3Version1(std::string_view title) {
+    return "TAG" + field(title, 30) + field("Artist", 30) + field("Album", 30) + "2001" + field("", 30) +
            "\x0C";
 }
 
-TEST_F(AudioTags, OfFLACAreItsComments) {
-    const std::string file =
-        "fLaC" + flacBlock(0, std::string(34, '\0')) +
-        flacBlock(0x84, vorbisComment({"TITLE=Caf\xC3\xA9", "ARTIST=One", "ARTIST=Two"})) + "\xFF\xF8";
-    EXPECT_EQ(tags(file), (Texts{{"ARTIST", "One"}, {"ARTIST", "Two"}, {"TITLE", "Café"}}));
+// An object of a Windows Media file.
+std::string asfObject(std::string_view identifier, std::string_view body) {
+    return std::string(identifier) + littleEndian(24 + body.size(), 8) + std::string(body);
+}
+
+// A Windows Media file with a content description behind the properties of the file and of its stream.
+std::string asfFile(const std::string& title, const std::string& artist) {
+    const auto wide = [](const std::string& ascii) {
+        std::string units;
+        for (char c : ascii) units += {c, '\0'};
+        return units;
+    };
+    const std::string properties(80, '\0');
+    const std::string description = littleEndian(2 * title.size(), 2) + littleEndian(2 * artist.size(), 2) +
+                                    littleEndian(0, 6) + wide(title) + wide(artist);
+    const std::string objects =
+        asfObject("\xA1\xDC\xAB\x8C\x47\xA9\xCF\x11\x8E\xE4\0\xC0\x0C\x20\x53\x65"s, properties) +
+        asfObject("\x91\x07\xDC\xB7\xB7\xA9\xCF\x11\x8E\xE6\0\xC0\x0C\x20\x53\x65"s, properties) +
+        asfObject("\x33\x26\xB2\x75\x8E\x66\xCF\x11\xA6\xD9\0\xAA\0\x62\xCE\x6C"s, description);
+    return "\x30\x26\xB2\x75\x8E\x66\xCF\x11\xA6\xD9\0\xAA\0\x62\xCE\x6C"s +
+           littleEndian(30 + objects.size(), 8) + littleEndian(3, 4) + "\1\2" + objects;
 }
 
 TEST_F(AudioTags, AtTheEndAreReadWithoutAKnownContainer) {
     const std::string sound(2000, 's');
     EXPECT_EQ(tags(sound + apeTag(apeItem("Title", "Caf\xC3\xA9") + apeItem("Artist", "A"), 2)),
               (Texts{{"ARTIST", "A"}, {"TITLE", "Café"}}));
-    const Texts old = tags(sound + id3Version1());
-    EXPECT_NE(std::find(old.begin(), old.end(), std::pair<std::string, std::string>("TITLE", "Café")),
-              old.end());
+    for (const char* title : {"Caf\xE9 \x96 Bar", "Caf\xC3\xA9 \xE2\x80\x93 Bar   "})
+        EXPECT_EQ(tags(sound + id3Version1(title)), (Texts{{"ALBUM", "Album"},
+                                                           {"ARTIST", "Artist"},
+                                                           {"DATE", "2001"},
+                                                           {"GENRE", "Other"},
+                                                           {"TITLE", "Café – Bar"}}))
+            << title;
+}
+
+TEST_F(AudioTags, OfEachContainerAreWhereItHasThem) {
+    const std::string sound(2000, 's');
+    const std::string ape = apeTag(apeItem("Title", "T") + apeItem("Artist", "A"), 2);
+    for (const char* start : {"MAC ", "MPCK", "MP+", "wvPk", "TTA1"})
+        EXPECT_EQ(tags(start + sound + ape), (Texts{{"ARTIST", "A"}, {"TITLE", "T"}})) << start;
+    EXPECT_EQ(tags(asfFile("T", "A")), (Texts{{"ARTIST", "A"}, {"TITLE", "T"}}));
 }
 
 TEST_F(AudioTags, OfADamagedFileAreNone) {
-    for (const char* start :
-         {"fLaC", "MAC ", "MPCK", "MP+", "wvPk", "TTA1", "\x30\x26\xB2\x75\x8E\x66\xCF\x11"})
-        EXPECT_EQ(tags(start + std::string(100, '\xFF')), Texts()) << start;
+    EXPECT_EQ(tags("\x30\x26\xB2\x75\x8E\x66\xCF\x11" + std::string(100, '\xFF')), Texts());
+    EXPECT_EQ(tags("sound" + apeTag(std::string(40, '\xFF'), 3)), Texts());
+}
+
+TEST_F(AudioTags, OfOldTagsPrecedeTheOthers) {
+    const Texts found = tags("sound" + apeTag(apeItem("Title", "A long title"), 1) + id3Version1("A lo"));
+    EXPECT_EQ(found.front(), (std::pair<std::string, std::string>("ALBUM", "Album")));
+    EXPECT_EQ(found.back(), (std::pair<std::string, std::string>("TITLE", "A long title")));
 }
 
 TEST_F(AudioTags, DoNotCloseTheDescriptor) {
     std::vector<MediaItem> items;
-    const int descriptor = open("fLaC");
-    readAudioTags(descriptor, AudioTagsKind::flac, items);
+    const int descriptor = open("sound" + id3Version1("Title"));
+    readAudioTags(descriptor, AudioTagsKind::atTheEnd, items);
+    EXPECT_FALSE(items.empty());
     EXPECT_GE(fcntl(descriptor, F_GETFD), 0);
 }
 

@@ -125,6 +125,27 @@ TEST(Ogg, DoesNotLookThroughTheSoundForOtherComments) {
     EXPECT_EQ(fields(file + oggPage(1, 0, {"\3vorbis" + vorbisComment({"TITLE=late"})})), kCommentFound);
 }
 
+std::string flacBlock(unsigned type, std::string_view body) {
+    return bigEndian(type, 1) + bigEndian(body.size(), 3) + std::string(body);
+}
+
+TEST(FLAC, GivesItsCommentsInTheirOrder) {
+    const std::string start = "fLaC" + flacBlock(0, std::string(34, '\0'));
+    EXPECT_EQ(fields(start + flacBlock(1, "padding") + flacBlock(0x84, kComment) + "\xFF\xF8"),
+              kCommentFound);
+    EXPECT_EQ(fields(start + flacBlock(0x81, "padding") + flacBlock(4, kComment)), Texts()) << "sound";
+    EXPECT_EQ(fields(kTag + start + flacBlock(0x84, kComment)), kCommentFound) << "behind a tag";
+}
+
+TEST(FLAC, ThatIsDamagedGivesWhatIsThere) {
+    const std::string file = "fLaC" + flacBlock(0x84, kComment);
+    EXPECT_EQ(fields(file.substr(0, file.size() - 10)),
+              (Texts{{"TITLE", "Title"}, {"ARTIST", "One"}, {"ARTIST", "Two"}}));
+    EXPECT_EQ(fields("fLaC"), Texts());
+    EXPECT_EQ(fields("fLaC" + std::string(100'000, '\0') + flacBlock(4, kComment)), Texts())
+        << "too many blocks";
+}
+
 TEST(Ogg, KeepsTheFieldsInFrontOfDamage) {
     std::string comment = vorbisComment({"TITLE=Title", "ARTIST=Artist"});
     comment.replace(comment.find("ARTIST") - 4, 4, littleEndian(0xFFFFFFFF, 4));
@@ -191,12 +212,7 @@ TEST(Matroska, WithoutAKnownLengthIsReadToItsEnd) {
 
 TEST(ReadMedia, SaysForWhichLibraryReaderTheRestIs) {
     const std::pair<std::string, AudioTagsKind> files[] = {
-        {"fLaC1234", AudioTagsKind::flac},
-        {"MAC 1234", AudioTagsKind::monkeysAudio},
-        {"MP+12345", AudioTagsKind::musepack},
-        {"MPCK1234", AudioTagsKind::musepack},
-        {"wvPk1234", AudioTagsKind::wavPack},
-        {"TTA11234", AudioTagsKind::trueAudio},
+        {"wvPk1234", AudioTagsKind::none},
         {"\x30\x26\xB2\x75\x8E\x66\xCF\x11", AudioTagsKind::windowsMedia},
         {"TAG" + std::string(125, 'x'), AudioTagsKind::atTheEnd},
         {"sound"
@@ -215,7 +231,7 @@ TEST(ReadMedia, LeavesTheTagAtTheEndForTheOneInFront) {
     EXPECT_EQ(readBytes(id3Tag(3, "") + "TAG" + std::string(125, 'x')).rest, AudioTagsKind::atTheEnd);
     const std::string nameless = id3Tag(3, id3Frame("TSSE", "\0writer"s));
     EXPECT_EQ(readBytes(nameless + "TAG" + std::string(125, 'x')).rest, AudioTagsKind::atTheEnd);
-    EXPECT_EQ(readBytes(kTag + "fLaC1234").rest, AudioTagsKind::flac);
+    EXPECT_EQ(readBytes(kTag + "\x30\x26\xB2\x75\x8E\x66\xCF\x11").rest, AudioTagsKind::windowsMedia);
 }
 
 } // namespace

@@ -33,6 +33,7 @@ TEST(ID3Reader, DecodesEachEncoding) {
         const char* text;
     } const cases[] = {
         {"\0caf\xE9 \x93q\x94"s, "café “q”"},
+        {"\0caf\xC3\xA9"s, "café"},
         {"\1\xFF\xFE"s + "h\0i\0"s, "hi"},
         {"\1\xFE\xFF"s + utf16BigEndian(u"café"), "café"},
         {"\1"s + "h\0i\0"s, "hi"},
@@ -54,6 +55,13 @@ TEST(ID3Reader, GivesEachOfSeveralValues) {
               (Texts{{"TPE1", "One"}, {"TPE1", "Two"}}));
     const std::string two = "\1\xFF\xFE"s + "a\0\0\0"s + "\xFF\xFE" + "b\0"s;
     EXPECT_EQ(frames(id3Tag(4, id3Frame("TPE1", two, 0, 4))), (Texts{{"TPE1", "a"}, {"TPE1", "b"}}));
+}
+
+TEST(ID3Reader, TakesNoNullsAtTheEndForValues) {
+    EXPECT_EQ(frames(id3Tag(4, id3Frame("TIT2", "\3Title\0\0\0"s, 0, 4))), (Texts{{"TIT2", "Title"}}));
+    const std::string wide = "\1\xFF\xFE"s + "a\0\0\0"s + "\xFF\xFE" + "\0\0"s;
+    EXPECT_EQ(frames(id3Tag(4, id3Frame("TIT2", wide, 0, 4))), (Texts{{"TIT2", "a"}}));
+    EXPECT_EQ(frames(id3Tag(3, id3Frame("TIT2", "\0\0\0"s))), Texts());
 }
 
 TEST(ID3Reader, EndsTextsOfOlderVersionsAtANull) {

@@ -24,6 +24,13 @@ TEST(CalendarDate, GoesBothWays) {
     EXPECT_EQ(referenceTime({2001, 0, 1, 0, 0, 0}), referenceTime({2000, 12, 1, 0, 0, 0}));
 }
 
+TEST(CalendarDate, IsTextInTheFormOfPropertyLists) {
+    EXPECT_EQ(dateText(0), "2001-01-01T00:00:00Z");
+    EXPECT_EQ(dateText(-0.5), "2000-12-31T23:59:59Z");
+    EXPECT_EQ(dateText(referenceTime({12345, 6, 7, 8, 9, 10})), "12345-06-07T08:09:10Z");
+    EXPECT_EQ(dateText(referenceTime({476, 9, 4, 0, 0, 0})), "0476-09-04T00:00:00Z");
+}
+
 TEST(CalendarDate, KnowsTheDaysOfTheMonths) {
     struct Case {
         int64_t year;
