@@ -11,8 +11,10 @@
 #include "Platform/ImageIO/CGImageProperties.h"
 #include "Platform/ImageIO/CGImageSource.h"
 #include "Platform/PDFKit/PDFDocument.h"
+#include "Platform/SearchKit/CompressedFile.h"
 #include "Platform/SearchKit/Mail.h"
 #include "Platform/SearchKit/SavedArchive.h"
+#include "Platform/SearchKit/StructuredText.h"
 #include "Platform/SearchKit/TextLines.h"
 
 namespace {
@@ -35,8 +37,7 @@ ImportStatus outcomeOf(ReadStatus status, NSString& why) {
 
 // Kinds of which nothing but the words is ever wanted.
 constexpr DocumentKind kWordKinds[] = {{kXMLTextType, u"public.xml", nullptr, "OpenPackage"},
-                                       {kPackageTextType, u"public.zip-archive", nullptr, "OpenPackage"},
-                                       {kGzipTextType, u"org.gnu.gnu-zip-archive", nullptr, "OpenPackage"}};
+                                       {kPackageTextType, u"public.zip-archive", nullptr, "OpenPackage"}};
 
 const DocumentKind& kindOfType(const NSString& documentType) {
     for (const DocumentKind& kind : kWordKinds) {
@@ -58,6 +59,14 @@ ImportStatus importPlainText(ImportedFile& file, std::u16string& text, NSString&
     const bool isMarked = encoding == NSUTF8StringEncoding && byteOrderMark(bytes).encoding == encoding;
     appendDecoded(text, bytes.substr(isMarked ? byteOrderMark(bytes).size : 0), encoding);
     return ImportStatus::read;
+}
+
+template <std::u16string (*textOf)(std::u16string_view)>
+ImportStatus importStructured(ImportedFile& file, std::u16string& text, NSString& why) {
+    std::u16string plain;
+    const ImportStatus status = importPlainText(file, plain, why);
+    text += textOf(plain);
+    return status;
 }
 
 // A folder with its text in it.
@@ -107,6 +116,8 @@ ImportStatus importMedia(ImportedFile& file, std::u16string& text, NSString& why
         for (const AVMetadataItem& item : asset.metadataForFormat(as<NSString>(format)))
             appendStrings(item.value, text);
     }
+    // Names of fields in some kinds of files belong to no format.
+    for (const AVMetadataItem& item : asset.commonMetadata()) appendStrings(item.value, text);
     return ImportStatus::read;
 }
 
@@ -156,8 +167,13 @@ constexpr struct {
      "application/vnd.oasis.opendocument.graphics-template;"
      "application/vnd.oasis.opendocument.chart;"
      "application/vnd.sun.xml.calc;application/vnd.sun.xml.impress;application/vnd.sun.xml.draw;"
-     "application/epub+zip"},
-    {"gzip", importText<kGzipTextType>, "application/gzip;image/svg+xml-compressed"},
+     "application/epub+zip;application/x-zip-compressed-fb2"},
+    {"json", importStructured<textOfJSON>, "application/json"},
+    {"table", importStructured<textOfTable>, "text/csv"},
+    {"subtitles", importStructured<textOfSubtitles>, "application/x-subrip;text/vtt;text/x-ssa"},
+    {"compressed", importCompressed,
+     "application/gzip;application/x-bzip;application/x-xz;application/x-lzma;application/zstd;"
+     "image/svg+xml-compressed"},
     {"image", importImage, "image/*"},
     {"media", importMedia,
      "audio/*;"

@@ -21,8 +21,8 @@ enum class ImportStatus {
 using BuiltinImporter = ImportStatus (*)(ImportedFile& file, std::u16string& text, NSString& why);
 
 // Null for a name of none: "text", "html", "rtf", "rtfd", "doc", "docx", "odt", "pdf", "xml",
-// "package", "mail", "mailbox", "savedpage", "webarchive",
-// "gzip", "image", "media".
+// "package", "json", "table", "subtitles", "mail", "mailbox", "savedpage", "webarchive",
+// "compressed", "image", "media".
 BuiltinImporter builtinImporterNamed(std::string_view name);
 
 // What the built-in importers say of themselves.

@@ -96,6 +96,7 @@ ImportStatus appendOutput(const ImporterDescriptor& importer, const std::string&
 } // namespace
 
 bool isInstalled(const ImporterDescriptor& importer) {
+    if (!importer.needed.empty() && programFile(importer.needed).empty()) return false;
     switch (importer.type) {
     case ImporterDescriptor::Type::exec: return !programFile(importer.command[0]).empty();
     case ImporterDescriptor::Type::module: return access(importer.module.c_str(), R_OK) == 0;

@@ -15,6 +15,9 @@ ImportedFile::ImportedFile(const NSString& path) : path_(path) {
     if (S_ISREG(info.st_mode)) readStart(name);
 }
 
+ImportedFile::ImportedFile(const NSString& path, std::string bytes)
+    : path_(path), isFile_(true), start_(bytes.substr(0, kStartSize)), data_(std::move(bytes)) {}
+
 void ImportedFile::readStart(const std::string& name) {
     const FileDescriptor file = openForReading(name);
     if (!file) return;

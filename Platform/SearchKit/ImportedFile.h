@@ -17,6 +17,9 @@ public:
     // Follows links. Pipes, sockets and devices are never opened.
     explicit ImportedFile(const NSString& path);
 
+    // A document that lay inside of another. At its path there is nothing, and only its name counts.
+    ImportedFile(const NSString& path, std::string bytes);
+
     const NSString& path() const { return path_; }
     bool isFolder() const { return isFolder_; }
     // False when there is nothing to read, or no leave to.

@@ -110,6 +110,7 @@ public:
 
     bool read(ImporterDescriptor& descriptor) {
         descriptor.name = field("Name");
+        descriptor.needed = field("TryExec");
         readTypes(descriptor);
         readWork(descriptor);
         readOutput(descriptor);

@@ -26,6 +26,7 @@ struct ImporterDescriptor {
     std::string reader;               // of a built-in importer: its name
     std::string module;               // a library; relative to the descriptor's folder
     std::vector<std::string> command; // a program and its arguments; kDocument in them is the document's path
+    std::string needed;               // a program without which the importer does not work; "" for none
     bool writesHTML = false;          // else plain text
     NSStringEncoding charset = NSUTF8StringEncoding; // of the text
     int priority = 50;                               // 0 to 100; higher is asked first

@@ -12,7 +12,7 @@
 #include "Platform/SearchKit/MIMEDatabase.h"
 #include "Platform/SearchKit/ProgramOutput.h"
 
-#include <optional>
+#include <functional>
 
 namespace {
 
@@ -26,17 +26,18 @@ const Importers& importers() {
     return all;
 }
 
-// The shared database does not know this kind, and takes one with pages at its start for a page.
-bool isWebArchive(const std::string& name, std::string_view start) {
+// Kinds that the shared database does not know; it takes an archive with pages at its start for a page.
+std::string typeOfOwn(const std::string& name, std::string_view start) {
     const bool isList = start.starts_with("bplist0") && start.find("WebMainResource") != start.npos;
-    return isList || lowered(name).ends_with(".webarchive");
+    if (isList || name.ends_with(".webarchive")) return "application/x-webarchive";
+    return name.ends_with(".jsonl") || name.ends_with(".ndjson") ? "application/json" : "";
 }
 
 std::string typeOfDocument(const ImportedFile& file) {
     if (file.isFolder()) return "inode/directory";
     const std::string name = fileSystemRepresentation(lastPathComponent(file.path()));
-    if (isWebArchive(name, file.start())) return "application/x-webarchive";
-    return importers().kinds.typeOf(name, file.start());
+    const std::string own = typeOfOwn(lowered(name), file.start());
+    return own.empty() ? importers().kinds.typeOf(name, file.start()) : own;
 }
 
 // The built-in importer that the bytes call for. When the kind is known, only plain text is still possible.
@@ -53,9 +54,11 @@ ImportStatus importBuiltin(std::string_view name, ImportedFile& file, std::u16st
     return builtinImporterNamed(other)(file, text, why);
 }
 
-ImportStatus import(ImportedFile& file, const std::string& type, std::u16string& text, NSString& why) {
+ImportStatus import(ImportedFile& file, const std::string& type,
+                    const std::function<bool(const ImporterDescriptor&)>& isUsable, std::u16string& text,
+                    NSString& why) {
     const ImporterDescriptor* importer =
-        importers().registry.importerForTypes(importers().kinds.lineage(type), isInstalled);
+        importers().registry.importerForTypes(importers().kinds.lineage(type), isUsable);
     if (importer && importer->type != ImporterDescriptor::Type::builtin)
         return runForeignImporter(*importer, file, text, why);
     renounceOtherPrograms();
@@ -87,7 +90,16 @@ bool importDocument(const NSString& path, const NSString& mimeType, std::u16stri
     ImportedFile file(path);
     if (!file.isReadable()) return false;
     NSString why;
-    const ImportStatus status = import(file, mimeType ? mimeType.utf8() : typeOfDocument(file), text, why);
+    const ImportStatus status =
+        import(file, mimeType ? mimeType.utf8() : typeOfDocument(file), isInstalled, text, why);
     if (status != ImportStatus::read) NSLog(stringWithFormat("No text of %@: %@", path, why));
     return status != ImportStatus::missingReader;
+}
+
+ImportStatus importEnclosed(ImportedFile& file, std::u16string& text, NSString& why) {
+    const auto readsBytes = [](const ImporterDescriptor& importer) {
+        return importer.type == ImporterDescriptor::Type::builtin && importer.reader != "compressed" &&
+               importer.reader != "image" && importer.reader != "media";
+    };
+    return import(file, typeOfDocument(file), readsBytes, text, why);
 }

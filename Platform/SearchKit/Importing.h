@@ -4,6 +4,7 @@
 #pragma once
 
 #include "Platform/Foundation/NSString.h"
+#include "Platform/SearchKit/BuiltinImporters.h"
 
 #include <string>
 #include <vector>
@@ -19,3 +20,7 @@ std::vector<std::string> foldersOfImporting();
 // be opened or the built-in reader for its kind cannot be loaded; an importer that fails costs only the text,
 // and the log tells why. The MIME type may be nil: then the document's kind is looked at.
 bool importDocument(const NSString& path, const NSString& mimeType, std::u16string& text);
+
+// Appends the text of a document that lay inside of another, by the tool's own readers alone, and not when it
+// holds documents in turn.
+ImportStatus importEnclosed(ImportedFile& file, std::u16string& text, NSString& why);

@@ -7,6 +7,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 class MIMEDatabase {
@@ -14,6 +15,14 @@ public:
     // The folders "mime" of these data folders, the most important one first. What is missing or damaged
     // there counts as empty.
     explicit MIMEDatabase(const std::vector<std::string>& dataFolders);
+
+    // The contents of the database's files in one folder: globs2, magic, aliases, subclasses.
+    struct Folder {
+        std::string names, magic, aliases, parents;
+    };
+    explicit MIMEDatabase(std::vector<Folder> folders) : folders_(std::move(folders)) {}
+
+    static constexpr size_t kLongestLineage = 64; // types; further ones are left out
 
     // The kind of a file by its name, without a path, and its first bytes; "" when nothing is known of it.
     std::string typeOf(std::string_view name, std::string_view start) const;
@@ -23,13 +32,6 @@ public:
     std::vector<std::string> lineage(std::string_view type) const;
 
 private:
-    static constexpr size_t kLongestLineage = 64;
-
-    // The contents of the database's files in one folder.
-    struct Folder {
-        std::string names, magic, aliases, parents;
-    };
-
     std::vector<std::string> typesOfName(std::string_view name) const;
     std::string typeOfBytes(std::string_view start) const;
     // The second words of lines by their first, or the other way round.

@@ -21,8 +21,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const fs::path kSamples = SAMPLES_FOLDER;
-const fs::path kCases = kSamples / "Cases";
+const fs::path kCases = fs::path(SAMPLES_FOLDER) / "Cases";
 
 std::vector<std::string> caseNames() {
     std::vector<std::string> names;
@@ -100,8 +99,8 @@ bool isNamedBy(const std::vector<std::string>& arguments, const fs::path& folder
     });
 }
 
-TEST(Samples, AreAllUsed) {
-    for (const auto& entry : fs::recursive_directory_iterator(kSamples)) {
+TEST(SamplesOfCases, AreAllRead) {
+    for (const auto& entry : fs::recursive_directory_iterator(kCases)) {
         if (entry.is_directory()) continue;
         fs::path inCases = entry.path().lexically_relative(kCases);
         fs::path folder = kCases / *inCases.begin();

@@ -80,6 +80,8 @@ TEST_F(Importers, ThatFailCostOnlyTheText) {
 TEST_F(Importers, ThatAreNotInstalledArePassedOver) {
     describe("Type=exec\nExec=no-such-program-anywhere %f\n");
     EXPECT_EQ(termsOf(write("a.example", "plain words")), "plain words ") << "as plain text";
+    describe("Type=exec\nTryExec=no-such-program-anywhere\nExec=cat %f /etc/hosts\n");
+    EXPECT_EQ(termsOf(path("a.example")), "plain words ");
     describe("Type=module\nModule=/none/such.so\n");
     EXPECT_EQ(termsOf(path("a.example")), "plain words ");
 }
@@ -89,6 +91,21 @@ TEST_F(Importers, MayBeLibraries) {
     EXPECT_EQ(termsOf(write("word.example", "")), "named word.example ");
     expectFailure(write("refuse.example", ""), "it could not read the document");
     expectFailure(write("crash.example", ""), "it crashed, or took more time or memory than it may");
+}
+
+// The book is read by a plug-in of the desktop's here, in the place of the tool's own reader.
+TEST_F(Importers, ServeWhatThePlugInsOfKFileMetaDataRead) {
+    const std::string bridge = MODULE_FOLDER "/KFileMetaData.so";
+    if (!fs::exists(bridge)) GTEST_SKIP() << "built without libkf5filemetadata-dev: there is no " << bridge;
+    const std::string descriptor =
+        "[Importer]\nName=Example\nMimeTypes=application/epub+zip;application/x-example;\n"
+        "Type=module\nModule=" +
+        bridge + "\n";
+    write("data/texttool/importers/bridge.importer", descriptor);
+    fs::copy_file(SAMPLES_FOLDER "/Kinds/book.epub", path("book.epub"));
+    const std::string terms = termsOf(path("book.epub"));
+    EXPECT_NE(terms.find("seventeen "), terms.npos) << terms;
+    expectFailure(write("a.example", std::string(9, '\0')), "it could not read the document");
 }
 
 TEST_F(Importers, MayBeBuiltinOnes) {

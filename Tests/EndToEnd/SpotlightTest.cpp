@@ -117,9 +117,9 @@ TEST_F(Spotlight, ReadsThePagesOfAWebArchive) {
 }
 
 TEST_F(Spotlight, ReadsPlainFormatsAsTheyAre) {
-    EXPECT_EQ(termsOf("a.csv", "Name,\"Ada\"\n"), "ada name ");
-    EXPECT_EQ(termsOf("a.json", "{\"key\": \"Value\"}"), "key value ");
-    EXPECT_EQ(termsOf("a.srt", "1\nHello there\n"), "1 hello there ");
+    EXPECT_EQ(termsOf("a.csv", "Name,\"Ada\"\n1,2\n"), "1 2 ada name ");
+    EXPECT_EQ(termsOf("a.json", R"({"key": "K\u00F6ln\nwest"})"), "key köln west ");
+    EXPECT_EQ(termsOf("a.srt", "1\n00:00:01,000 --> 00:00:02,000\nHello <i>there</i>\n"), "hello there ");
     EXPECT_EQ(termsOf("a.md", "# Title\n"), "title ");
 }
 

@@ -18,6 +18,5 @@ extern "C" __attribute__((visibility("default"))) DocumentReader MODULE_ENTRY(st
     if (documentType == "NSOpenDocument") return guarded<readOpenDocument>;
     if (documentType == "XMLText") return guarded<readXMLText>;
     if (documentType == "PackageText") return guarded<readPackageText>;
-    if (documentType == "GzipText") return guarded<readGzipText>;
     return guarded<readOfficeOpenXML>;
 }

@@ -39,10 +39,11 @@ constexpr std::string_view kInWords[] = {"a",
                                          "tspan",
                                          "u"};
 
-// Programs, styles, pronunciations, and bytes of pictures.
-constexpr std::string_view kLeftOut[] = {
-    "automatic-styles", "binary",  "binary-data", "master-styles", "rPh",
-    "script",           "scripts", "settings",    "style",         "styles"};
+// Programs, styles, pronunciations, bytes of pictures, and what only programs say to one another.
+constexpr std::string_view kLeftOut[] = {"automatic-styles", "binary",        "binary-data", "headerFooter",
+                                         "identifier",       "master-styles", "meta",        "rPh",
+                                         "script",           "scripts",       "settings",    "style",
+                                         "styles",           "tableStyleId"};
 
 template <size_t count>
 bool contains(const std::string_view (&names)[count], std::string_view name) {
@@ -58,6 +59,12 @@ void XMLTextHandler::startElement(int, std::string_view name, const XMLAttribute
         return;
     }
     endLine(name);
+    // An outline has its texts in attributes.
+    for (const char* attribute : {"text", "_note"}) {
+        if (name != "outline" || !attributes.has(0, attribute)) continue;
+        appendUTF8(text_, attributes.value(0, attribute));
+        text_ += u'\n';
+    }
 }
 
 bool XMLTextHandler::isLeftOut(std::string_view name, const XMLAttributes& attributes) {

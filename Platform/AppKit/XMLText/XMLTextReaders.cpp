@@ -26,7 +26,7 @@ bool isTextPart(std::string_view name) {
                       {"xl/sharedstrings", "xl/worksheets/sheet", "xl/comments", "xl/drawings/drawing"}) ||
            isXMLUnder(name, {"ppt/slides/slide", "ppt/notesslides/", "ppt/comments/", "ppt/diagrams/data"}) ||
            name.ends_with(".xhtml") || name.ends_with(".html") || name.ends_with(".htm") ||
-           name.ends_with(".opf");
+           name.ends_with(".opf") || name.ends_with(".fb2");
 }
 
 std::vector<std::string> textParts(const ZipPackage& package) {

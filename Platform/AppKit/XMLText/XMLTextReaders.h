@@ -12,11 +12,6 @@ ReadStatus readXMLText(std::string_view bytes, Deadline& deadline, DocumentConte
 // Office Open XML and OpenDocument packages of all kinds, and EPUB.
 ReadStatus readPackageText(std::string_view bytes, Deadline& deadline, DocumentContents& contents);
 
-// One document that was compressed with gzip: text, XML or any that has a reader. Of bytes that are no text
-// there is none.
-ReadStatus readGzipText(std::string_view bytes, Deadline& deadline, DocumentContents& contents);
-
 // The types under which the module of these readers knows them.
 inline constexpr const char16_t* kXMLTextType = u"XMLText";
 inline constexpr const char16_t* kPackageTextType = u"PackageText";
-inline constexpr const char16_t* kGzipTextType = u"GzipText";

@@ -6,14 +6,20 @@
 
 #include "Platform/Foundation/NSArchiver.h"
 #include "Platform/Foundation/NSError.h"
+#include "Platform/Foundation/NSException.h"
 #include "Platform/Foundation/NSNumber.h"
 #include "Platform/Foundation/NSPropertyListSerialization.h"
+#include "Platform/Foundation/NSUserDefaults.h"
 #include "Platform/SearchKit/SearchIndex.h"
+#include "Source/Tools/texttool/Extractors.h"
 #include "Source/Tools/texttool/Settings.h"
 #include "Tests/Support/TemporaryFolder.h"
 
 #include <cstdlib>
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 struct SearchDocument {};
 
@@ -75,8 +81,9 @@ protected:
     void TearDown() override { unsetenv("OutPath"); }
 
     // The message of the error that was reported, "" when none was.
-    std::string reported() {
-        const std::string bytes = readFile(output);
+    std::string reported() { return errorIn(readFile(output)); }
+
+    static std::string errorIn(const std::string& bytes) {
         if (bytes.empty()) return "";
         const auto record = as<NSDictionary>(propertyListWithData(bytes, nullptr, nullptr));
         const NSData archive = record.get<NSData>(NSString(u"errorData"));
@@ -139,6 +146,74 @@ TEST_F(SpotlightSteps, DropAllTermsWhenOneCannotBeReadBack) {
     library.missingTerm = 2;
     EXPECT_EQ(extractDocument(document, index).utf8(), "");
     EXPECT_EQ(reported(), "Error getting term");
+}
+
+// All of the handler's reports: to standard output, which takes the first one, and to a file, which keeps the
+// last one.
+class SpotlightFailures : public SpotlightSteps {
+protected:
+    void SetUp() override {
+        SpotlightSteps::SetUp();
+        writeFile(file, "words");
+        NSUserDefaults::standardUserDefaults().registerDefaults(
+            {{NSString(u"SpotlightPath"), NSString::fromUTF8(file)}});
+    }
+
+    void expect(const std::string& firstError, const std::string& lastText) {
+        unsetenv("OutPath");
+        if (const pid_t child = fork(); child == 0) {
+            const int standard = open(output.c_str(), O_WRONLY | O_TRUNC);
+            dup2(standard, STDOUT_FILENO);
+            try {
+                handleSpotlight();
+            } catch (const NSException&) {
+                // Standard output is closed after the first report; the program's own guard ends so.
+            }
+            _exit(0);
+        } else {
+            int status = -1;
+            ASSERT_EQ(waitpid(child, &status, 0), child);
+            ASSERT_EQ(status, 0) << "no crash";
+        }
+        EXPECT_EQ(reported(), firstError);
+        setenv("OutPath", output.c_str(), 1);
+        handleSpotlight();
+        const auto last = as<NSDictionary>(propertyListWithData(readFile(output), nullptr, nullptr));
+        ASSERT_TRUE(last.get<NSString>(NSString(u"string"))) << "a success";
+        EXPECT_EQ(last.get<NSString>(NSString(u"string")).utf8(), lastText);
+    }
+
+    std::string file = folder.path() + "/a.txt";
+};
+
+TEST_F(SpotlightFailures, OfTheIndexAreReportedBeforeTheSuccess) {
+    library.createsIndex = false;
+    expect("Error creating index", "d b c ");
+}
+
+TEST_F(SpotlightFailures, OfTheDocumentAreReportedBeforeTheSuccess) {
+    library.createsDocument = false;
+    expect("Error creating document", "d b c ");
+}
+
+TEST_F(SpotlightFailures, OfAddingAreReportedBeforeTheSuccess) {
+    library.adds = false;
+    expect("Error extracting document", "d b c ");
+}
+
+TEST_F(SpotlightFailures, OfFlushingAreReportedBeforeTheSuccess) {
+    library.flushes = false;
+    expect("Error flushing", "d b c ");
+}
+
+TEST_F(SpotlightFailures, OfTermIDsAreReportedBeforeTheSuccess) {
+    library.hasTermIDs = false;
+    expect("Error getting term IDs", "");
+}
+
+TEST_F(SpotlightFailures, OfOneTermAreReportedBeforeTheSuccess) {
+    library.missingTerm = 1;
+    expect("Error getting term", "");
 }
 
 TEST_F(SpotlightSteps, PutABlankBehindEachTermInTheOrderOfTheArray) {

@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: Apache-2.0
+//
+// Reads any bytes as a message, as a mailbox and as a saved page.
+#include "Platform/SearchKit/Mail.h"
+
+#include <cstddef>
+#include <cstdint>
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    const std::string bytes(reinterpret_cast<const char*>(data), size);
+    for (const BuiltinImporter import : {importMessage, importMailbox, importSavedPage}) {
+        ImportedFile file(u"/message", bytes);
+        std::u16string text;
+        NSString why;
+        import(file, text, why);
+    }
+    return 0;
+}
