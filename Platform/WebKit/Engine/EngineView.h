@@ -19,6 +19,7 @@ public:
 
     WebFrame mainFrame() override { return mainFrame_; }
     double estimatedProgress() override;
+    void setTimeoutDate(const NSDate& date) override;
 
     // What the frames and their sources ask.
     void loadArchive(const WebArchive& archive);
@@ -47,6 +48,7 @@ private:
     void processGone();
     void requestCame(WebKitURISchemeRequest* request);
 
+    Caretaker* const caretaker_;
     WebFrame mainFrame_;
     GObjectPointer<WebKitSettings> settings_;
     GObjectPointer<WebKitWebContext> context_;
