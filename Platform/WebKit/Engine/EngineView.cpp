@@ -8,6 +8,7 @@
 #include "Platform/WebKit/Engine/MainDocument.h"
 #include "Platform/WebKit/Engine/PrivateSchemes.h"
 #include "Platform/WebKit/Engine/Surroundings.h"
+#include "Platform/WebKit/PDFText.h"
 
 namespace {
 
@@ -21,7 +22,8 @@ EngineView::EngineView(const NSRect& frame, const WebEngineSurroundings& where,
     : caretaker_(where.caretaker), mainFrame_(makeMainFrame(*this)), settings_(makeSettings()),
       context_(makeContext(extensionFolder, where.hasSandbox)), window_(gtk_window_new(GTK_WINDOW_TOPLEVEL)),
       view_(WEBKIT_WEB_VIEW(g_object_new(WEBKIT_TYPE_WEB_VIEW, "web-context", context_.get(), "settings",
-                                         settings_.get(), nullptr))),
+                                         settings_.get(), "user-content-manager", makeContent().get(),
+                                         nullptr))),
       page_{*this, {}, makeSession(webkit_settings_get_user_agent(settings_.get())), {}} {
     connectSchemes();
     connectSignals();
@@ -71,7 +73,8 @@ void EngineView::loadArchive(const WebArchive& archive) {
 }
 
 void EngineView::showMainResource() {
-    if (!isUsable(mainResource_.MIMEType())) return failUnshowable();
+    const NSString type = mainResource_.MIMEType();
+    if (!isUsed(type) || !(isPDF(type) || canShow(type))) return failUnshowable();
     MainDocument document(mainResource_);
     isShown_ = true;
     webkit_web_view_load_bytes(view_, document.bytes(), document.type(), document.encoding(),

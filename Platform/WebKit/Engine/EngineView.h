@@ -35,7 +35,8 @@ private:
     void connectSchemes();
     void showMainResource();
     void failUnshowable();
-    bool isUsable(const NSString& type);
+    bool isUsed(const NSString& type);
+    bool canShow(const NSString& type);
     std::string askPage();
 
     void loadChanged(WebKitLoadEvent event);
