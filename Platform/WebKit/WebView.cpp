@@ -2,27 +2,35 @@
 #include "Platform/WebKit/WebView.h"
 
 #include "Platform/Foundation/Module.h"
+#include "Platform/WebKit/Caretaker.h"
 #include "Platform/WebKit/DisplayServer.h"
-#include "Platform/WebKit/RuntimeFolder.h"
 #include "Platform/WebKit/SandboxProbe.h"
 #include "Platform/WebKit/WebEngine.h"
 
 namespace {
 
+// Seconds. An engine that has not started by then waits for something that does not come.
+constexpr double kPatience = 20;
+
 std::unique_ptr<WebView> viewOfEngine(const NSRect& frame, NSString* why) {
-    // Started before the engine's libraries are loaded, which takes longer. Server and folder stay until
-    // the process ends: the toolkit cannot do without them any more.
+    // Started before the engine's libraries are loaded, which takes longer. The server stays until the
+    // process ends: the toolkit cannot do without it any more.
+    static Caretaker caretaker;
     static DisplayServer display;
-    static RuntimeFolder folder;
+    caretaker.endOthersAt(NSDate(NSDate::now().timeIntervalSinceReferenceDate() + kPatience));
     SandboxProbe sandbox;
     auto entry = reinterpret_cast<WebEngineEntry>(moduleEntry("WebKit", why));
     if (!entry) return nullptr;
     WebEngineSurroundings where;
     where.display = display.name(why);
     if (where.display.empty()) return nullptr;
-    where.runtimeFolder = folder.path();
+    caretaker.mindDisplay(atoi(where.display.c_str() + 1));
+    where.caretaker = &caretaker;
+    where.runtimeFolder = caretaker.folder();
     where.hasSandbox = sandbox.succeeded() && !where.runtimeFolder.empty();
-    return std::unique_ptr<WebView>(entry(frame, where, why));
+    std::unique_ptr<WebView> view(entry(frame, where, why));
+    caretaker.endOthersAt(NSDate());
+    return view;
 }
 
 } // namespace

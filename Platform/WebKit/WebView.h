@@ -36,7 +36,7 @@ public:
     const WebPreferences& preferences() const { return preferences_; }
 
     // After this date the view no longer waits for a page that does not answer, and shows nothing of it.
-    void setTimeoutDate(const NSDate& date) { timeoutDate_ = date; }
+    virtual void setTimeoutDate(const NSDate& date) { timeoutDate_ = date; }
     const NSDate& timeoutDate() const { return timeoutDate_; }
 
     virtual WebFrame mainFrame() = 0;

@@ -10,6 +10,9 @@ namespace {
 // A port that nobody listens on: what goes past the program, as web sockets and preconnections do, ends here.
 constexpr const char* kNowhere = "http://127.0.0.1:1";
 
+// Without players the engine would show what pages say to browsers that have none.
+constexpr const char* kStyle = "video, audio { display: none !important }";
+
 struct Feature {
     const char* name;
     gboolean isOn;
@@ -72,6 +75,15 @@ GObjectPointer<WebKitSettings> makeSettings() {
         FALSE, "hardware-acceleration-policy", WEBKIT_HARDWARE_ACCELERATION_POLICY_NEVER, nullptr)));
     setFeatures(settings.get());
     return settings;
+}
+
+GObjectPointer<WebKitUserContentManager> makeContent() {
+    GObjectPointer<WebKitUserContentManager> content(webkit_user_content_manager_new());
+    WebKitUserStyleSheet* sheet = webkit_user_style_sheet_new(kStyle, WEBKIT_USER_CONTENT_INJECT_ALL_FRAMES,
+                                                              WEBKIT_USER_STYLE_LEVEL_USER, nullptr, nullptr);
+    webkit_user_content_manager_add_style_sheet(content.get(), sheet);
+    webkit_user_style_sheet_unref(sheet);
+    return content;
 }
 
 void applyPreferences(const WebPreferences& preferences, WebKitSettings* settings) {

@@ -15,5 +15,8 @@ GObjectPointer<WebKitWebContext> makeContext(const std::string& extensionFolder,
 
 GObjectPointer<WebKitSettings> makeSettings();
 
+// What is added to every page.
+GObjectPointer<WebKitUserContentManager> makeContent();
+
 // What the view's owner wants, before a load.
 void applyPreferences(const WebPreferences& preferences, WebKitSettings* settings);

@@ -64,15 +64,20 @@ void EngineView::decideNavigation(WebKitNavigationPolicyDecision* decision, bool
 void EngineView::decideResponse(WebKitResponsePolicyDecision* decision) {
     const char* type =
         webkit_uri_response_get_mime_type(webkit_response_policy_decision_get_response(decision));
-    answer(WEBKIT_POLICY_DECISION(decision), isUsable(NSString::fromUTF8(type ? type : "")));
+    const NSString name = NSString::fromUTF8(type ? type : "");
+    answer(WEBKIT_POLICY_DECISION(decision), isUsed(name) && canShow(name));
 }
 
-bool EngineView::isUsable(const NSString& type) {
+bool EngineView::isUsed(const NSString& type) {
     Listener listener;
     listener.isUsed = true;
     if (WebPolicyDelegate* delegate = policyDelegate()) {
         delegate->webViewDecidePolicyForMIMEType(*this, type, NSURLRequest(mainResource_.URL()), mainFrame_,
                                                  listener);
     }
-    return listener.isUsed && webkit_web_view_can_show_mime_type(view_, type.utf8().c_str());
+    return listener.isUsed;
+}
+
+bool EngineView::canShow(const NSString& type) {
+    return webkit_web_view_can_show_mime_type(view_, type.utf8().c_str());
 }

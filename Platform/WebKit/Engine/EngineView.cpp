@@ -8,13 +8,22 @@
 #include "Platform/WebKit/Engine/MainDocument.h"
 #include "Platform/WebKit/Engine/PrivateSchemes.h"
 #include "Platform/WebKit/Engine/Surroundings.h"
+#include "Platform/WebKit/PDFText.h"
+
+namespace {
+
+// Seconds past the deadline: later than the wait ends and a page may still answer.
+constexpr double kLastMoment = 0.9;
+
+} // namespace
 
 EngineView::EngineView(const NSRect& frame, const WebEngineSurroundings& where,
                        const std::string& extensionFolder)
-    : mainFrame_(makeMainFrame(*this)), settings_(makeSettings()),
+    : caretaker_(where.caretaker), mainFrame_(makeMainFrame(*this)), settings_(makeSettings()),
       context_(makeContext(extensionFolder, where.hasSandbox)), window_(gtk_window_new(GTK_WINDOW_TOPLEVEL)),
       view_(WEBKIT_WEB_VIEW(g_object_new(WEBKIT_TYPE_WEB_VIEW, "web-context", context_.get(), "settings",
-                                         settings_.get(), nullptr))),
+                                         settings_.get(), "user-content-manager", makeContent().get(),
+                                         nullptr))),
       page_{*this, {}, makeSession(webkit_settings_get_user_agent(settings_.get())), {}} {
     connectSchemes();
     connectSignals();
@@ -32,6 +41,14 @@ EngineView::~EngineView() {
     g_signal_handlers_disconnect_by_data(context_.get(), this);
     webkit_web_view_terminate_web_process(view_);
     gtk_widget_destroy(window_);
+}
+
+// Engines know ways to keep a program waiting that no clock of the program ends.
+void EngineView::setTimeoutDate(const NSDate& date) {
+    WebView::setTimeoutDate(date);
+    if (caretaker_)
+        caretaker_->endOthersAt(date ? NSDate(date.timeIntervalSinceReferenceDate() + kLastMoment)
+                                     : NSDate());
 }
 
 double EngineView::estimatedProgress() { return webkit_web_view_get_estimated_load_progress(view_); }
@@ -56,7 +73,8 @@ void EngineView::loadArchive(const WebArchive& archive) {
 }
 
 void EngineView::showMainResource() {
-    if (!isUsable(mainResource_.MIMEType())) return failUnshowable();
+    const NSString type = mainResource_.MIMEType();
+    if (!isUsed(type) || !(isPDF(type) || canShow(type))) return failUnshowable();
     MainDocument document(mainResource_);
     isShown_ = true;
     webkit_web_view_load_bytes(view_, document.bytes(), document.type(), document.encoding(),

@@ -19,6 +19,7 @@ public:
 
     WebFrame mainFrame() override { return mainFrame_; }
     double estimatedProgress() override;
+    void setTimeoutDate(const NSDate& date) override;
 
     // What the frames and their sources ask.
     void loadArchive(const WebArchive& archive);
@@ -34,7 +35,8 @@ private:
     void connectSchemes();
     void showMainResource();
     void failUnshowable();
-    bool isUsable(const NSString& type);
+    bool isUsed(const NSString& type);
+    bool canShow(const NSString& type);
     std::string askPage();
 
     void loadChanged(WebKitLoadEvent event);
@@ -47,6 +49,7 @@ private:
     void processGone();
     void requestCame(WebKitURISchemeRequest* request);
 
+    Caretaker* const caretaker_;
     WebFrame mainFrame_;
     GObjectPointer<WebKitSettings> settings_;
     GObjectPointer<WebKitWebContext> context_;

@@ -3,6 +3,7 @@
 
 #include "Platform/AppKit/HTML/HTMLEncoding.h"
 #include "Platform/Foundation/UnicodeText.h"
+#include "Platform/WebKit/PDFText.h"
 
 #include <algorithm>
 
@@ -36,9 +37,15 @@ bool isUTF8WithoutSayingSo(std::string_view bytes) { return isUTF8(bytes) && !sa
 } // namespace
 
 MainDocument::MainDocument(const WebResource& resource) : type_(resource.MIMEType().utf8()) {
-    std::string_view bytes = resource.data().bytes();
-    std::string converted;
+    NSData shown = resource.data();
     encoding_ = resource.textEncodingName().utf8();
+    if (isPDF(resource.MIMEType())) {
+        shown = textOfPDF(shown);
+        type_ = "text/plain";
+        encoding_ = "UTF-8";
+    }
+    std::string_view bytes = shown.bytes();
+    std::string converted;
     if (bytes.empty()) {
         // The engine never starts to load nothing at all.
         bytes = "<!DOCTYPE html>";

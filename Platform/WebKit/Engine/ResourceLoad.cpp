@@ -3,6 +3,7 @@
 
 #include "Platform/Foundation/NSURLCache.h"
 #include "Platform/WebKit/Engine/PrivateSchemes.h"
+#include "Platform/WebKit/PDFText.h"
 
 #include <algorithm>
 
@@ -18,6 +19,7 @@ std::string headerText(const NSString& text) {
 }
 
 std::string contentTypeOf(const NSURLResponse& response) {
+    if (isPDF(response.MIMEType)) return "text/plain; charset=utf-8";
     std::string type = headerText(response.MIMEType);
     const std::string charset = headerText(response.textEncodingName);
     return type.empty() || charset.empty() ? type : type + "; charset=" + charset;
@@ -141,11 +143,13 @@ std::string ResourceLoad::allowedOrigin(SoupMessage* message) const {
 
 void ResourceLoad::finish(const NSURLResponse& response, const NSData& data) {
     page_.resources.emplace_back(data, response.URL, response.MIMEType, response.textEncodingName, nullptr);
+    const NSData shown = isPDF(response.MIMEType) ? textOfPDF(data) : data;
     auto release = [](gpointer kept) { delete static_cast<NSData*>(kept); };
-    GBytes* bytes = g_bytes_new_with_free_func(data.bytes().data(), data.length(), release, new NSData(data));
+    GBytes* bytes =
+        g_bytes_new_with_free_func(shown.bytes().data(), shown.length(), release, new NSData(shown));
     GObjectPointer<GInputStream> stream(g_memory_input_stream_new_from_bytes(bytes));
     g_bytes_unref(bytes);
-    finishWithStream(stream.get(), int64_t(data.length()), contentTypeOf(response), "*");
+    finishWithStream(stream.get(), int64_t(shown.length()), contentTypeOf(response), "*");
 }
 
 void ResourceLoad::finishWithStream(GInputStream* stream, int64_t length, const std::string& contentType,

@@ -7,7 +7,9 @@
 
 #include <X11/Xlib.h>
 #include <algorithm>
+#include <csetjmp>
 #include <cstdlib>
+#include <gdk/gdkx.h>
 #include <gtk/gtk.h>
 #include <unistd.h>
 #include <utility>
@@ -73,9 +75,30 @@ void leave(int status, void*) {
     _exit(status);
 }
 
+jmp_buf beforeDisplay;
+bool isConnecting = false;
+
 int displayHasGone(Display*) {
     NSLog(u"The display server has gone.");
-    _exit(0);
+    if (isConnecting) longjmp(beforeDisplay, 1);
+    return 0;
+}
+
+// Xlib would end the process. The page's process does end over it; what is known of the page then comes out
+// as of any page whose process has ended.
+void goOnWithoutDisplay(Display*, void*) {}
+
+// The toolkit, too, would end the process, so its answer to a broken connection, which comes with its class
+// of displays, is replaced before it connects.
+bool connectToDisplay() {
+    g_type_class_ref(GDK_TYPE_X11_DISPLAY);
+    XSetIOErrorHandler(displayHasGone);
+    if (setjmp(beforeDisplay) != 0) return false;
+    isConnecting = true;
+    const bool isConnected = gtk_init_check(nullptr, nullptr);
+    isConnecting = false;
+    if (isConnected) XSetIOErrorExitHandler(gdk_x11_get_default_xdisplay(), goOnWithoutDisplay, nullptr);
+    return isConnected;
 }
 
 } // namespace
@@ -92,9 +115,8 @@ bool startToolkit(const WebEngineSurroundings& where) {
     if (!where.runtimeFolder.empty()) moveUserFolders(where.runtimeFolder);
     g_log_set_writer_func(writeMessage, nullptr, nullptr);
     gtk_disable_setlocale();
-    if (!gtk_init_check(nullptr, nullptr)) return false;
-    XSetIOErrorHandler(displayHasGone);
     on_exit(leave, nullptr);
+    if (!connectToDisplay()) return false;
     NSRunLoop::currentRunLoop().setRunner(runToolkitUntil);
     return true;
 }

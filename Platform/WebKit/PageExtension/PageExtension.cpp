@@ -3,6 +3,7 @@
 // The part of the engine's module that runs in the page's process: it gives every request a private scheme,
 // so that the program answers it, and reads the page when it is asked to.
 #include "Platform/WebKit/Engine/PrivateSchemes.h"
+#include "Platform/WebKit/PageExtension/MemoryWatch.h"
 #include "Platform/WebKit/PageExtension/PageScript.h"
 
 #include <string>
@@ -100,6 +101,7 @@ extern "C" G_MODULE_EXPORT void webkit_web_extension_initialize_with_user_data(W
                                                                                const GVariant* data) {
     static Page page; // the process shows one page
     g_log_set_writer_func(dropMessage, nullptr, nullptr);
+    MemoryWatch::start();
     const char* mainURL = "";
     gboolean runsScripts = FALSE;
     g_variant_get(const_cast<GVariant*>(data), "(&sb)", &mainURL, &runsScripts);
