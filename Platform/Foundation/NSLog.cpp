@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Foundation/NSLog.h"
 
+#include "Platform/Foundation/Journal.h"
+#include "Platform/Foundation/NSPathUtilities.h"
+
 #include <cerrno>
 #include <cstdio>
 #include <ctime>
@@ -33,6 +36,21 @@ void writeAll(int fd, std::string_view bytes) {
     }
 }
 
+// Never freed: threads may log to the very end.
+std::map<std::string, std::string>& logFields() {
+    static auto& fields = *new std::map<std::string, std::string>;
+    return fields;
+}
+
+void sendToSystem(const std::string& text) {
+    std::map<std::string, std::string> entry = {{"MESSAGE", text},
+                                                {"PRIORITY", std::to_string(LOG_NOTICE)},
+                                                {"SYSLOG_FACILITY", std::to_string(LOG_FAC(LOG_USER))},
+                                                {"SYSLOG_IDENTIFIER", program_invocation_short_name}};
+    entry.insert(logFields().begin(), logFields().end());
+    if (!sendToJournal(entry)) syslog(LOG_USER | LOG_NOTICE, "%s", text.c_str());
+}
+
 } // namespace
 
 void NSLog(const NSString& message) {
@@ -40,5 +58,9 @@ void NSLog(const NSString& message) {
     std::string line = linePrefix() + text;
     if (line.back() != '\n') line.push_back('\n');
     writeAll(STDERR_FILENO, line);
-    syslog(LOG_USER | LOG_NOTICE, "%s", text.c_str());
+    sendToSystem(text);
+}
+
+void setLogField(const std::string& name, const NSString& value) {
+    logFields()[name] = fileSystemRepresentation(value);
 }

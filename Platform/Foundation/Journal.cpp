@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "Platform/Foundation/Journal.h"
+
+#include "Platform/Foundation/FileDescriptor.h"
+
+#include <cstring>
+#include <sys/socket.h>
+#include <sys/un.h>
+
+namespace {
+
+constexpr char kJournal[] = "/run/systemd/journal/socket";
+
+// A value with a line feed is preceded by its length, in 64 bits, little-endian.
+void appendField(std::string& entry, const std::string& name, const std::string& value) {
+    entry += name;
+    if (value.find('\n') == std::string::npos) {
+        entry.push_back('=');
+    } else {
+        entry.push_back('\n');
+        for (unsigned shift = 0; shift < 64; shift += 8)
+            entry.push_back(char(uint64_t(value.size()) >> shift));
+    }
+    entry += value;
+    entry.push_back('\n');
+}
+
+} // namespace
+
+bool sendToJournal(const std::map<std::string, std::string>& fields) {
+    std::string entry;
+    for (const auto& [name, value] : fields) appendField(entry, name, value);
+
+    const FileDescriptor journal(socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0));
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    memcpy(address.sun_path, kJournal, sizeof kJournal);
+    return sendto(journal.get(), entry.data(), entry.size(), MSG_NOSIGNAL,
+                  reinterpret_cast<const sockaddr*>(&address), sizeof address) == ssize_t(entry.size());
+}
