@@ -6,8 +6,9 @@ The word after the fence, or after `.\\" example:` in the line before .EX, says 
   sh          commands
   python      a program
   file NAME   the contents of a file, where the shell takes NAME to be; NAME may name its language first: file:cpp NAME
-  output      what the example before it prints; a line ... stands for any lines
+  output      what the example before it prints; a line ... stands for any lines, ... within one for any word
   picture     nothing to be run
+  system      commands to a service of the system, which are run only where systemd is
   ci          commands that .ci/run or ./check runs, word by word
 """
 import collections
@@ -15,7 +16,7 @@ import re
 
 Example = collections.namedtuple('Example', 'kind argument text line section')
 
-KINDS = {'sh', 'python', 'file', 'output', 'picture', 'ci'}
+KINDS = {'sh', 'python', 'file', 'output', 'picture', 'system', 'ci'}
 ROFF = {r'\-': '-', r'\e': '\\', r'\(aq': "'", r'\(dq': '"', r'\(ga': '`', r'\(ha': '^', r'\(ti': '~', r'\&': ''}
 
 
@@ -74,7 +75,8 @@ def of_file(path):
 
 
 def is_shown(expected, printed):
-    """Whether `expected` is `printed`, with any lines in place of one that is ..."""
-    pattern = ''.join('(?:.*\n)*?' if line.strip() == '...' else re.escape(line.rstrip()) + '[ \t]*\n'
+    """Whether `expected` is `printed`, with any lines in place of one that is ..., and anything but blanks in place of
+    three dots within a line."""
+    pattern = ''.join('(?:.*\n)*?' if line.strip() == '...' else re.escape(line.rstrip()).replace(r'\.\.\.', '\\S*') + '[ \t]*\n'
                       for line in expected.splitlines())
     return re.fullmatch(pattern, printed if printed.endswith('\n') or not printed else printed + '\n') is not None
