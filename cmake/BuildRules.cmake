@@ -41,6 +41,11 @@ if(TEXTTOOL_STATIC_RUNTIME)
     add_link_options(-static-libstdc++ -static-libgcc)
 endif()
 
+# What is installed belongs to the program, unless it says otherwise: cmake/Packages.cmake tells of the others.
+set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME texttool)
+set(TEXTTOOL_MODULE_COMPONENT_PDF pdf)
+set(TEXTTOOL_MODULE_COMPONENT_WebKit web)
+
 # A module: one entry goes out; values and library are resolved from the program that loads it.
 function(add_texttool_module name)
     add_library(${name}Module MODULE ${ARGN})
@@ -49,7 +54,11 @@ function(add_texttool_module name)
         CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
     target_link_options(${name}Module PRIVATE -Wl,--exclude-libs,ALL)
     set_property(GLOBAL APPEND PROPERTY TEXTTOOL_MODULES ${name}Module)
-    install(TARGETS ${name}Module LIBRARY DESTINATION ${TEXTTOOL_INSTALLED_MODULES})
+    set(component ${TEXTTOOL_MODULE_COMPONENT_${name}})
+    if(NOT component)
+        set(component ${CMAKE_INSTALL_DEFAULT_COMPONENT_NAME})
+    endif()
+    install(TARGETS ${name}Module LIBRARY DESTINATION ${TEXTTOOL_INSTALLED_MODULES} COMPONENT ${component})
 endfunction()
 
 # For a module whose library is C++ itself and brings the C++ runtime as a shared library: one copy of the runtime

@@ -248,14 +248,22 @@ TEST(ShowRecord, SaysWhatIsNoRecord) {
 }
 
 TEST(ShowRecord, SaysHowItIsUsed) {
-    for (const std::vector<std::string>& arguments : std::vector<std::vector<std::string>>{
-             {"--other"}, {"-j"}, {"--json", "--text"}, {"a", "b"}, {"--help", "a"}}) {
+    for (const std::vector<std::string>& arguments :
+         std::vector<std::vector<std::string>>{{"--other"},
+                                               {"-j"},
+                                               {"--color=red"},
+                                               {"--color"},
+                                               {"--json", "--text"},
+                                               {"a", "b"},
+                                               {"--help", "a"}}) {
         ToolResult result = show(arguments, "");
         EXPECT_EQ(result.status, 64);
-        EXPECT_EQ(result.errors, "usage: showrecord [--json | --text] [FILE]\n");
+        EXPECT_EQ(result.errors, "usage: showrecord [--json | --text] [--color=WHEN] [--no-pager] [FILE]\n");
     }
     EXPECT_EQ(show({"--help"}, "").status, 0);
-    EXPECT_EQ(show({"--help"}, "").output.find("usage: showrecord [--json | --text] [FILE]\n"), 0u);
+    EXPECT_EQ(show({"--help"}, "")
+                  .output.find("usage: showrecord [--json | --text] [--color=WHEN] [--no-pager] [FILE]\n"),
+              0u);
     EXPECT_EQ(show({"--version"}, "").output.find("showrecord "), 0u);
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// What reaches the system's log. The test's own socket stands in for it, in a file system of the program's
-// own, for which the test needs the rights of the system's administrator.
+// What reaches the system's log and its journal. The test's own socket stands in for them, in a file system
+// of the program's own, for which the test needs the rights of the system's administrator.
 #include "Tests/EndToEnd/EndToEnd.h"
 
 #include <cstring>
@@ -27,13 +27,25 @@ protected:
         if (socket_ >= 0) close(socket_);
     }
 
-    ToolResult requestWithLog(const std::string& key, const std::string& value, const std::string& outPath) {
+    static constexpr const char
+        *kLog = "mount -t tmpfs none /dev && ln -s \"$1\" /dev/log",
+        *kJournal = "mkdir -p /run/systemd/journal && ln -s \"$1\" /run/systemd/journal/socket";
+
+    // Runs one request on a system that has neither log nor journal but what the command makes.
+    ToolResult requestWith(const std::string& log, const std::string& key, const std::string& value,
+                           const std::string& outPath) {
+        const std::string script = "mount -t tmpfs none /run && " + log + " && exec \"$2\" \"$3\" \"$4\"";
         return runTool(
-            {.arguments = {"-m", "sh", "-c",
-                           "mount -t tmpfs none /dev && ln -s \"$1\" /dev/log && exec \"$2\" \"$3\" \"$4\"",
-                           "sh", path("log"), TEXTTOOL_PROGRAM, "-" + key, value},
+            {.arguments = {"-m", "sh", "-c", script, "sh", path("log"), TEXTTOOL_PROGRAM, "-" + key, value},
              .environment = {{"OutPath", outPath}},
              .program = "unshare"});
+    }
+
+    // How the journal is told a value that has line feeds.
+    static std::string fieldOfLines(const std::string& name, const std::string& value) {
+        std::string length(8, '\0');
+        for (size_t i = 0; i < length.size(); ++i) length[i] = char(value.size() >> (8 * i));
+        return name + "\n" + length + value + "\n";
     }
 
     // The next message; "" when there is none.
@@ -48,7 +60,7 @@ private:
 };
 
 TEST_F(SystemLog, HasTheTextsOfStandardError) {
-    ToolResult result = requestWithLog("RTFPath", write("a.rtf", "{\\rtf1 100% é}"), path("none/out"));
+    ToolResult result = requestWith(kLog, "RTFPath", write("a.rtf", "{\\rtf1 100% é}"), path("none/out"));
     const std::vector<std::string> lines = logLines(result);
     ASSERT_EQ(lines.size(), 1u) << result.errors;
     const std::string sent = message(), priority = "<13>", text = " texttool: " + lines[0];
@@ -58,9 +70,36 @@ TEST_F(SystemLog, HasTheTextsOfStandardError) {
 }
 
 TEST_F(SystemLog, IsEmptyWhenAllWentWell) {
-    ToolResult result = requestWithLog("RTFPath", write("a.rtf", "{\\rtf1 text}"), path("out"));
+    ToolResult result = requestWith(kLog, "RTFPath", write("a.rtf", "{\\rtf1 text}"), path("out"));
     EXPECT_EQ(result.errors, "");
     EXPECT_EQ(message(), "");
+}
+
+TEST_F(SystemLog, GivesTheJournalFields) {
+    const std::string file = write("a.rtf", "{\\rtf1 text}");
+    ToolResult result = requestWith(kJournal, "RTFPath", file, path("none/out"));
+    const std::vector<std::string> lines = logLines(result);
+    ASSERT_EQ(lines.size(), 1u) << result.errors;
+    EXPECT_EQ(message(), fieldOfLines("MESSAGE", lines[0]) +
+                             "PRIORITY=5\nSYSLOG_FACILITY=1\nSYSLOG_IDENTIFIER=texttool\nTEXTTOOL_DOCUMENT=" +
+                             file + "\nTEXTTOOL_REQUEST=RTFPath\n");
+    EXPECT_EQ(message(), "");
+}
+
+TEST_F(SystemLog, GivesTheJournalPathsOfSeveralLines) {
+    const std::string file = write("a\nb", "{\\rtf1 text}");
+    requestWith(kJournal, "RTFPath", file, path("none/out"));
+    const std::string entry = message();
+    EXPECT_NE(entry.find("\n" + fieldOfLines("TEXTTOOL_DOCUMENT", file) + "TEXTTOOL_REQUEST=RTFPath\n"),
+              std::string::npos)
+        << entry;
+}
+
+TEST_F(SystemLog, TakesWhatTheJournalDoesNot) {
+    const std::string both =
+        std::string("mkdir -p /run/systemd/journal && touch /run/systemd/journal/socket && ") + kLog;
+    requestWith(both, "RTFPath", write("a.rtf", "{\\rtf1 text}"), path("none/out"));
+    EXPECT_TRUE(message().starts_with("<13>"));
 }
 
 } // namespace

@@ -15,10 +15,13 @@
 //     string               23 UTF-16 units
 //
 //     Present: all of us.
+//
+// Coloured, names and the kind of the record stand out, by the escapes that every terminal with colours
+// knows.
 #pragma once
 
 #include "ZORFoundation/Source/ZORResultRecord.h"
 
 #include <string>
 
-std::string textOfRecord(const ZORResultRecord& record);
+std::string textOfRecord(const ZORResultRecord& record, bool coloured);

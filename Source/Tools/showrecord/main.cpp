@@ -4,6 +4,7 @@
 #include "Platform/Foundation/UnicodeText.h"
 #include "Source/Tools/showrecord/RecordJSON.h"
 #include "Source/Tools/showrecord/RecordText.h"
+#include "Source/Tools/showrecord/Terminal.h"
 #include "Source/Tools/showrecord/VisibleText.h"
 
 #include <cerrno>
@@ -16,17 +17,19 @@
 
 namespace {
 
-constexpr const char* kUsage = "usage: showrecord [--json | --text] [FILE]\n";
+constexpr const char* kUsage = "usage: showrecord [--json | --text] [--color=WHEN] [--no-pager] [FILE]\n";
 
 constexpr const char* kHelp =
     "\n"
     "Reads a result record from FILE, or from standard input without FILE or when it\n"
     "is -, and prints its fields and then its text.\n"
     "\n"
-    "  --json     print the record as JSON\n"
-    "  --text     print only the document's text\n"
-    "  --help     print this and end\n"
-    "  --version  print the version and end\n"
+    "  --json        print the record as JSON\n"
+    "  --text        print only the document's text\n"
+    "  --color=WHEN  colours for people: auto (on a terminal), always or never\n"
+    "  --no-pager    what is longer than the terminal goes there all the same\n"
+    "  --help        print this and end\n"
+    "  --version     print the version and end\n"
     "\n"
     "Exit status: 0 the record holds a text, 1 it holds an error, 2 it is a fallback\n"
     "record, 3 there is no record that could be read, 64 wrong usage, 74 the output\n"
@@ -36,10 +39,34 @@ enum ExitStatus { kSuccess = 0, kError = 1, kFallback = 2, kUnreadable = 3 };
 
 enum class Form { people, json, text };
 
+enum class Colours { automatic, always, never };
+
 struct Options {
     Form form = Form::people;
+    Colours colours = Colours::automatic;
+    bool pager = true;
     const char* file = "-";
 };
+
+std::optional<Colours> coloursNamed(std::string_view word) {
+    if (word == "auto") return Colours::automatic;
+    if (word == "always") return Colours::always;
+    if (word == "never") return Colours::never;
+    return std::nullopt;
+}
+
+// Takes an option that says how a record is shown; false when it is none.
+bool parsePresentation(std::string_view word, Options& options) {
+    constexpr std::string_view colour = "--color=";
+    if (word == "--no-pager") {
+        options.pager = false;
+        return true;
+    }
+    std::optional<Colours> colours =
+        word.starts_with(colour) ? coloursNamed(word.substr(colour.size())) : std::nullopt;
+    if (colours) options.colours = *colours;
+    return colours.has_value();
+}
 
 std::optional<Options> parse(int count, char** arguments) {
     Options options;
@@ -53,7 +80,7 @@ std::optional<Options> parse(int count, char** arguments) {
             options.form = word == "--json" ? Form::json : Form::text;
             ++forms;
         } else if (!onlyFiles && word.size() > 1 && word[0] == '-') {
-            return std::nullopt;
+            if (!parsePresentation(word, options)) return std::nullopt;
         } else {
             options.file = arguments[i];
             ++files;
@@ -104,6 +131,16 @@ std::string onlyText(const ZORResultRecord& record, const std::string& source) {
     return {};
 }
 
+std::string inForm(const ZORResultRecord& record, const Options& options, const std::string& source) {
+    const bool coloured = options.colours == Colours::always ||
+                          (options.colours == Colours::automatic && terminalTakesColours());
+    switch (options.form) {
+    case Form::json: return jsonOfRecord(record);
+    case Form::text: return onlyText(record, source);
+    default: return textOfRecord(record, coloured);
+    }
+}
+
 int show(const Options& options) {
     std::string source = std::string_view(options.file) == "-" ? "standard input" : options.file;
     std::string bytes;
@@ -120,11 +157,9 @@ int show(const Options& options) {
     int status = record->kind == ZORResultRecord::Kind::success ? kSuccess
                  : record->kind == ZORResultRecord::Kind::error ? kError
                                                                 : kFallback;
-    switch (options.form) {
-    case Form::json: return print(jsonOfRecord(*record), status);
-    case Form::text: return print(onlyText(*record, source), status);
-    default: return print(textOfRecord(*record), status);
-    }
+    const std::string shown = inForm(*record, options, source);
+    if (options.pager && showThroughPager(shown)) return status;
+    return print(shown, status);
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 
 #include "Platform/AppKit/NSDocumentAttributes.h"
 #include "Platform/Foundation/NSAssertionHandler.h"
+#include "Platform/Foundation/NSLog.h"
 #include "Platform/Foundation/NSUserDefaults.h"
 #include "Source/Tools/texttool/Confinement.h"
 #include "Source/Tools/texttool/Extractors.h"
@@ -48,6 +49,7 @@ void dispatchRequest() {
     for (const Request& request : kRequests) {
         NSString path = requestValue(request.key);
         if (!path) continue;
+        setLogField("TEXTTOOL_REQUEST", NSString(request.key));
         confine(callsFor(request), path);
         if (request.documentType) {
             handlePath(path, request.documentType);

@@ -2,6 +2,7 @@
 #include "Source/Tools/texttool/MarkDocument.h"
 
 #include "Platform/Foundation/CrashReporter.h"
+#include "Platform/Foundation/NSLog.h"
 #include "Platform/Foundation/NSPathUtilities.h"
 #include "Platform/Foundation/NSThread.h"
 #include "Platform/Foundation/UnicodeText.h"
@@ -26,5 +27,6 @@ void markDocument(const NSString& path) {
     static std::string& annotation = *new std::string;
     annotation = toUTF8(path.text(), LoneSurrogates::byteUnescaped);
     __crashreporter_info__ = annotation.c_str();
+    setLogField("TEXTTOOL_DOCUMENT", path);
     NSThread::detachNewThread(ThreadNameLogger::logString, lastPathComponent(path));
 }

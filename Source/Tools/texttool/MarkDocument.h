@@ -6,5 +6,5 @@
 #include "Platform/Foundation/NSString.h"
 
 // The first step of every extractor, before it touches the file: publishes the path as the crash annotation
-// and parks a thread that carries the file's name.
+// and in the log's fields, and parks a thread that carries the file's name.
 void markDocument(const NSString& path);
