@@ -8,6 +8,7 @@
 #include <linux/filter.h>
 #include <sched.h>
 #include <seccomp.h>
+#include <sstream>
 #include <string>
 #include <sys/prctl.h>
 #include <sys/socket.h>
@@ -16,102 +17,45 @@
 
 namespace {
 
-using Names = std::initializer_list<const char*>;
+using Names = const char*; // with white space between them
 
-constexpr Names kFiles = {"access",     "close",      "close_range", "dup",        "dup2",       "dup3",
-                          "faccessat",  "faccessat2", "fadvise64",   "fchmod",     "fcntl",      "fgetxattr",
-                          "flistxattr", "flock",      "fstat",       "fstatfs",    "fsync",      "ftruncate",
-                          "getcwd",     "getdents64", "getxattr",    "ioctl",      "lgetxattr",  "listxattr",
-                          "llistxattr", "lseek",      "lstat",       "newfstatat", "open",       "openat",
-                          "pipe",       "pipe2",      "poll",        "ppoll",      "pread64",    "preadv",
-                          "pselect6",   "pwrite64",   "read",        "readlink",   "readlinkat", "readv",
-                          "rename",     "renameat",   "renameat2",   "select",     "stat",       "statfs",
-                          "statx",      "umask",      "unlink",      "unlinkat",   "write",      "writev"};
+constexpr Names kFiles = R"(
+    access close close_range dup dup2 dup3 faccessat faccessat2 fadvise64 fchmod fcntl fgetxattr flistxattr
+    flock fstat fstatfs fsync ftruncate getcwd getdents64 getxattr ioctl lgetxattr listxattr llistxattr
+    lseek lstat newfstatat open openat pipe pipe2 poll ppoll pread64 preadv pselect6 pwrite64 read readlink
+    readlinkat readv rename renameat renameat2 select stat statfs statx umask unlink unlinkat write writev)";
 
-constexpr Names kMemory = {"brk",      "madvise", "membarrier", "mincore", "mlock", "mmap",
-                           "mprotect", "mremap",  "msync",      "munlock", "munmap"};
+constexpr Names kMemory = R"(
+    brk madvise membarrier mincore mlock mmap mprotect mremap msync munlock munmap)";
 
-constexpr Names kTime = {"clock_getres", "clock_gettime", "clock_nanosleep", "getitimer",
-                         "gettimeofday", "nanosleep",     "setitimer",       "time",
-                         "times",        "getrusage"};
+constexpr Names kTime = R"(
+    clock_getres clock_gettime clock_nanosleep getitimer gettimeofday nanosleep setitimer time times
+    getrusage)";
 
-constexpr Names kProcess = {"arch_prctl",
-                            "exit",
-                            "exit_group",
-                            "futex",
-                            "getegid",
-                            "geteuid",
-                            "getgid",
-                            "getgroups",
-                            "getpgrp",
-                            "getpid",
-                            "getppid",
-                            "getrandom",
-                            "getrlimit",
-                            "gettid",
-                            "getuid",
-                            "prlimit64",
-                            "restart_syscall",
-                            "rseq",
-                            "rt_sigaction",
-                            "rt_sigpending",
-                            "rt_sigprocmask",
-                            "rt_sigreturn",
-                            "rt_sigsuspend",
-                            "rt_sigtimedwait",
-                            "sched_getaffinity",
-                            "sched_yield",
-                            "set_robust_list",
-                            "set_tid_address",
-                            "setrlimit",
-                            "sigaltstack",
-                            "sysinfo",
-                            "tgkill",
-                            "uname"};
+constexpr Names kProcess = R"(
+    arch_prctl exit exit_group futex getegid geteuid getgid getgroups getpgrp getpid getppid getrandom
+    getrlimit gettid getuid prlimit64 restart_syscall rseq rt_sigaction rt_sigpending rt_sigprocmask
+    rt_sigreturn rt_sigsuspend rt_sigtimedwait sched_getaffinity sched_yield set_robust_list set_tid_address
+    setrlimit sigaltstack sysinfo tgkill uname)";
 
-constexpr Names kChildren = {"fork", "vfork", "kill", "setpgid", "wait4", "waitid"};
+constexpr Names kChildren = R"(
+    fork vfork kill setpgid wait4 waitid)";
 
 // What nobody needs for a document: other processes' memory, the kernel itself, its keys and its clocks.
-constexpr Names kSystem = {"acct",
-                           "add_key",
-                           "adjtimex",
-                           "bpf",
-                           "clock_adjtime",
-                           "clock_settime",
-                           "delete_module",
-                           "fanotify_init",
-                           "finit_module",
-                           "init_module",
-                           "ioperm",
-                           "iopl",
-                           "kcmp",
-                           "kexec_file_load",
-                           "kexec_load",
-                           "keyctl",
-                           "lookup_dcookie",
-                           "move_pages",
-                           "nfsservctl",
-                           "open_by_handle_at",
-                           "perf_event_open",
-                           "process_vm_readv",
-                           "process_vm_writev",
-                           "ptrace",
-                           "quotactl",
-                           "reboot",
-                           "request_key",
-                           "settimeofday",
-                           "stime",
-                           "swapoff",
-                           "swapon",
-                           "syslog",
-                           "userfaultfd",
-                           "vhangup"};
+constexpr Names kSystem = R"(
+    acct add_key adjtimex bpf clock_adjtime clock_settime delete_module fanotify_init finit_module
+    init_module ioperm iopl kcmp kexec_file_load kexec_load keyctl lookup_dcookie move_pages nfsservctl
+    open_by_handle_at perf_event_open process_vm_readv process_vm_writev ptrace quotactl reboot request_key
+    settimeofday stime swapoff swapon syslog userfaultfd vhangup)";
 
 // What would build another world around a process. A web engine's own sandbox does just that.
-constexpr Names kWorlds = {"chroot", "mount", "pivot_root", "setns", "umount", "umount2", "unshare"};
+constexpr Names kWorlds = R"(
+    chroot mount pivot_root setns umount umount2 unshare)";
 
-constexpr Names kNetwork = {"accept", "accept4", "bind", "connect", "listen", "socket"};
-constexpr Names kPrograms = {"execve", "execveat"};
+constexpr Names kNetwork = R"(
+    accept accept4 bind connect listen socket)";
+constexpr Names kPrograms = R"(
+    execve execveat)";
 
 constexpr uint64_t kNewWorlds =
     CLONE_NEWNS | CLONE_NEWCGROUP | CLONE_NEWUTS | CLONE_NEWIPC | CLONE_NEWUSER | CLONE_NEWPID | CLONE_NEWNET;
@@ -134,7 +78,8 @@ public:
     Filter& operator=(const Filter&) = delete;
 
     void add(uint32_t action, Names names) {
-        for (const char* name : names) add(action, name, {});
+        std::istringstream each(names);
+        for (std::string name; each >> name;) add(action, name.c_str(), {});
     }
     // A name that this version of the library does not know yet is the default's.
     void add(uint32_t action, const char* name, const std::vector<scmp_arg_cmp>& conditions) {
@@ -180,11 +125,11 @@ void allowControl(Filter& filter, std::initializer_list<uint64_t> options) {
 }
 
 void allowReading(Filter& filter) {
-    for (const Names& names : {kFiles, kMemory, kTime, kProcess}) filter.add(SCMP_ACT_ALLOW, names);
+    for (Names names : {kFiles, kMemory, kTime, kProcess}) filter.add(SCMP_ACT_ALLOW, names);
     filter.add(SCMP_ACT_ALLOW, "sendto",
                {argument(4, ~uint64_t(0), 0)}); // where the log's socket leads, nowhere else
     allowControl(filter, {PR_SET_NAME, PR_GET_NAME, PR_SET_PDEATHSIG, PR_GET_DUMPABLE, kSetMemoryName});
-    for (const Names& names : {kSystem, kWorlds, kNetwork, kPrograms}) filter.add(kForbidden, names);
+    for (Names names : {kSystem, kWorlds, kNetwork, kPrograms}) filter.add(kForbidden, names);
 }
 
 void printReading() {
@@ -205,8 +150,8 @@ void printContaining() {
 // A program that somebody installed may do what programs do, but in this world and alone.
 void printStartingOthers() {
     Filter filter(SCMP_ACT_ALLOW);
-    for (const Names& names : {kSystem, kWorlds, kNetwork}) filter.add(kForbidden, names);
-    filter.add(kUnknown, {"clone3", "io_uring_setup"});
+    for (Names names : {kSystem, kWorlds, kNetwork}) filter.add(kForbidden, names);
+    filter.add(kUnknown, "clone3 io_uring_setup");
     for (uint64_t world : {CLONE_NEWNS, CLONE_NEWCGROUP, CLONE_NEWUTS, CLONE_NEWIPC, CLONE_NEWUSER,
                            CLONE_NEWPID, CLONE_NEWNET})
         filter.add(kForbidden, "clone", {argument(0, world, world)});
@@ -216,7 +161,7 @@ void printStartingOthers() {
 void printShowing(const char* name, bool isOffline) {
     Filter filter(SCMP_ACT_ALLOW);
     filter.add(kForbidden, kSystem);
-    filter.add(kUnknown, {"io_uring_setup"});
+    filter.add(kUnknown, "io_uring_setup");
     if (isOffline) {
         for (uint64_t family : {AF_INET, AF_INET6, AF_PACKET, AF_VSOCK})
             filter.add(SCMP_ACT_ERRNO(EAFNOSUPPORT), "socket", {argument(0, 0xffffffff, family)});
