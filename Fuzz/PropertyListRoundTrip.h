@@ -50,7 +50,7 @@ inline NSObject comesBack(const NSObject& list, NSPropertyListFormat format) {
 
 // Aborts when the list does not come back.
 inline void checkRoundTrip(const NSObject& list) {
-    if (!propertyListIsValid(list, NSPropertyListBinaryFormat_v1_0)) return;
+    if (!dataFromPropertyList(list, NSPropertyListBinaryFormat_v1_0, nullptr)) return;
     const NSObject again = comesBack(list, NSPropertyListBinaryFormat_v1_0);
     PropertyListShape shape;
     if (!shape.look(list)) return;

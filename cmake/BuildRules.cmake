@@ -46,6 +46,12 @@ set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME texttool)
 set(TEXTTOOL_MODULE_COMPONENT_PDF pdf)
 set(TEXTTOOL_MODULE_COMPONENT_WebKit web)
 
+# What modules are made of, as a library that tests link too. Nothing of it is seen from outside of a module.
+function(add_texttool_reader name)
+    add_library(${name} STATIC ${ARGN})
+    set_target_properties(${name} PROPERTIES CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
+endfunction()
+
 # A module: one entry goes out; values and library are resolved from the program that loads it.
 function(add_texttool_module name)
     add_library(${name}Module MODULE ${ARGN})

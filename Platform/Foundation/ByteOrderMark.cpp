@@ -10,6 +10,8 @@ ByteOrderMark byteOrderMark(std::string_view bytes) {
     return {};
 }
 
+bool isMarkedUTF16(std::string_view bytes) { return byteOrderMark(bytes).size == 2; }
+
 ByteOrderMark byteOrderMarkOfUTF32(std::string_view bytes) {
     if (bytes.starts_with("\0\0\xFE\xFF"sv)) return {NSUTF32BigEndianStringEncoding, 4};
     if (bytes.starts_with("\xFF\xFE\0\0"sv)) return {NSUTF32LittleEndianStringEncoding, 4};

@@ -37,8 +37,6 @@ const char* typeName(const NSObject& object) {
 // Looks for what a property list cannot hold. Shared containers are looked at once.
 class Validator {
 public:
-    explicit Validator(NSPropertyListFormat format) : isOldStyle_(format == NSPropertyListOpenStepFormat) {}
-
     // nil when the list is valid.
     NSString reasonAgainst(const NSObject& list) {
         unsigned height = 0;
@@ -57,7 +55,6 @@ private:
     bool checkContainer(const NSObject& object, unsigned depth, unsigned& height);
     bool checkPart(const NSObject& part, unsigned depth, unsigned& height);
 
-    const bool isOldStyle_;
     std::unordered_map<const ObjectBody*, unsigned> heights_; // of containers
     NSString reason_;
 };
@@ -66,12 +63,10 @@ bool Validator::check(const NSObject& object, unsigned depth, unsigned& height) 
     if (!object) return fail(u"property lists cannot contain NULL");
     switch (object.body()->kind()) {
     case NSKind::string:
-    case NSKind::data: return true;
+    case NSKind::data:
     case NSKind::number:
     case NSKind::date:
-    case NSKind::uid:
-        if (isOldStyle_) break;
-        return true;
+    case NSKind::uid: return true;
     case NSKind::array:
     case NSKind::dictionary: return checkContainer(object, depth, height);
     default: break;
@@ -121,7 +116,7 @@ NSData written(const NSObject& list, NSPropertyListFormat format, NSString& prob
         code = NSPropertyListWriteStreamError;
         return {};
     }
-    if (NSString reason = Validator(format).reasonAgainst(list)) {
+    if (NSString reason = Validator().reasonAgainst(list)) {
         problem = stringWithFormat("Property list invalid for format: %d (%@)", int(format), reason);
         code = NSPropertyListWriteInvalidError;
         return {};
@@ -174,8 +169,4 @@ NSObject propertyListWithData(std::string_view bytes, NSPropertyListFormat* form
                         {{NSString(NSDebugDescriptionErrorKey), problem},
                          {NSString(kOldStyleParsingErrorKey), corruptError(oldStyleProblem)}}));
     return {};
-}
-
-bool propertyListIsValid(const NSObject& object, NSPropertyListFormat format) {
-    return !Validator(format).reasonAgainst(object);
 }

@@ -24,6 +24,3 @@ NSData dataWithPropertyList(const NSObject& propertyList, NSPropertyListFormat f
 // Tries the binary form, then XML, then old-style. nil and Cocoa 3840 with a debug description when none
 // reads. The bytes may come from anyone: work and memory are bounded by their number, nesting by 512.
 NSObject propertyListWithData(std::string_view bytes, NSPropertyListFormat* format, NSError* error);
-
-// True for what a property list can hold, all the way down.
-bool propertyListIsValid(const NSObject& object, NSPropertyListFormat format);

@@ -55,6 +55,8 @@ struct ByteOrderMark {
 // it first.
 ByteOrderMark byteOrderMark(std::string_view bytes);
 ByteOrderMark byteOrderMarkOfUTF32(std::string_view bytes);
+// Whether there is one of UTF-16, which says that it is that and in which order.
+bool isMarkedUTF16(std::string_view bytes);
 
 // The encoding of a charset name as the Web and mail use it (case and surrounding blanks do not matter:
 // "latin1", "x-sjis", "windows-1252", "ISO-8859-1" ...), or NSNoStringEncoding. Names follow the registry;

@@ -8,8 +8,6 @@
 #include "Platform/Foundation/Preferences.h"
 #include "Platform/Foundation/UnicodeText.h"
 
-#include <algorithm>
-
 namespace {
 
 using View = std::u16string_view;
@@ -22,11 +20,6 @@ NSObject argumentValue(const NSString& word) {
 }
 
 bool startsWithDash(const NSString& word) { return !word.isEmpty() && word.text()[0] == u'-'; }
-
-bool isWholeNumber(View text) {
-    if (!text.empty() && (text[0] == u'-' || text[0] == u'+')) text.remove_prefix(1);
-    return !text.empty() && std::all_of(text.begin(), text.end(), isDigit);
-}
 
 } // namespace
 
@@ -75,16 +68,4 @@ bool NSUserDefaults::boolForKey(const NSString& key) const {
     if (is<NSNumber>(value)) return as<NSNumber>(value).boolValue();
     std::u16string word = lowered(as<NSString>(value).text());
     return word == u"yes" || word == u"true" || word == u"1";
-}
-
-int64_t NSUserDefaults::integerForKey(const NSString& key) const {
-    NSObject value = objectForKey(key);
-    if (is<NSNumber>(value)) return as<NSNumber>(value).integerValue();
-    NSString text = as<NSString>(value);
-    return isWholeNumber(text.text()) ? text.integerValue() : 0;
-}
-
-double NSUserDefaults::doubleForKey(const NSString& key) const {
-    NSObject value = objectForKey(key);
-    return is<NSNumber>(value) ? as<NSNumber>(value).doubleValue() : as<NSString>(value).doubleValue();
 }

@@ -24,9 +24,6 @@ public:
     NSString stringForKey(const NSString& key) const;
     // YES, true or 1 in any case, or a number that is not zero.
     bool boolForKey(const NSString& key) const;
-    // 0 for what is no whole decimal number.
-    int64_t integerForKey(const NSString& key) const;
-    double doubleForKey(const NSString& key) const;
 
     // The argument domain of a command line: a word that begins with "-" is a key when a word that does not
     // begin so follows, its value. Values that look like a property list and read as one are that list.

@@ -54,7 +54,8 @@ NSString zorStringWith32BitCharacter(uint32_t codePoint) {
 NSString zorStringWithData(const NSData& data, NSStringEncoding encoding) {
     if (!data || !isStringEncodingAvailable(encoding)) return nullptr;
     std::string_view bytes = data.bytes();
-    if (encoding == NSUTF8StringEncoding && bytes.starts_with("\xEF\xBB\xBF")) bytes.remove_prefix(3);
+    const ByteOrderMark mark = byteOrderMark(bytes);
+    if (encoding == NSUTF8StringEncoding && mark.encoding == encoding) bytes.remove_prefix(mark.size);
     if (isUTF16(encoding)) bytes = bytes.substr(0, bytes.size() & ~size_t(1));
     std::u16string text;
     return appendDecoded(text, bytes, encoding) ? NSString(std::move(text)) : nullptr;
@@ -78,9 +79,8 @@ NSString zorStringWithContentsOfFile(const NSString& path) {
     const NSData data = NSData::dataWithContentsOfFile(path, 0, nullptr);
     if (!data) return nullptr;
     if (NSString text = zorStringWithUTF8Data(data)) return text;
-    const std::string_view bytes = data.bytes();
-    const bool hasMark = bytes.starts_with("\xFE\xFF") || bytes.starts_with("\xFF\xFE");
-    return zorStringWithData(data, hasMark ? NSUnicodeStringEncoding : NSMacOSRomanStringEncoding);
+    const bool isWide = isMarkedUTF16(data.bytes());
+    return zorStringWithData(data, isWide ? NSUnicodeStringEncoding : NSMacOSRomanStringEncoding);
 }
 
 NSString zorStringWithFileSystemRepresentation(const char* bytes) {

@@ -10,10 +10,6 @@ namespace {
 
 constexpr unsigned kFirstPackedLanguage = 0x400, kUnspecifiedLanguage = 0x7FFF;
 
-bool hasByteOrderMark(std::string_view bytes) {
-    return bytes.substr(0, 2) == "\xFE\xFF" || bytes.substr(0, 2) == "\xFF\xFE";
-}
-
 // The Macintosh code page in which a language was written.
 unsigned codePageOfLanguage(unsigned language) {
     switch (language) {
@@ -64,7 +60,7 @@ std::u16string decoded(std::string_view bytes, NSStringEncoding encoding) {
 
 std::u16string textOfUTF8(std::string_view bytes) {
     if (isUTF8(bytes)) return decoded(bytes, NSUTF8StringEncoding);
-    return hasByteOrderMark(bytes) ? textOfUTF16(bytes) : decoded(bytes, NSMacOSRomanStringEncoding);
+    return isMarkedUTF16(bytes) ? textOfUTF16(bytes) : decoded(bytes, NSMacOSRomanStringEncoding);
 }
 
 std::u16string textOfUTF16(std::string_view bytes) {
@@ -73,7 +69,7 @@ std::u16string textOfUTF16(std::string_view bytes) {
 
 std::u16string textInLanguage(std::string_view bytes, unsigned language) {
     if (language >= kFirstPackedLanguage && language != kUnspecifiedLanguage)
-        return hasByteOrderMark(bytes) ? textOfUTF16(bytes) : textOfUTF8(bytes);
+        return isMarkedUTF16(bytes) ? textOfUTF16(bytes) : textOfUTF8(bytes);
     // Many writers say English and write UTF-8.
     if (isUTF8(bytes)) return decoded(bytes, NSUTF8StringEncoding);
     const NSStringEncoding encoding = encodingForCodePage(codePageOfLanguage(language));

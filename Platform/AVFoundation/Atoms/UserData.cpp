@@ -3,6 +3,7 @@
 
 #include "Platform/AVFoundation/Atoms/AtomText.h"
 #include "Platform/AVFoundation/Atoms/ItemList.h"
+#include "Platform/Foundation/NSStringEncoding.h"
 
 #include <algorithm>
 #include <optional>
@@ -41,8 +42,7 @@ std::u16string textOfISOAtom(std::string_view body) {
     if (body.size() < 6 || body.substr(0, 4) != std::string_view("\0\0\0\0", 4))
         return textOfUTF8(upToNull(body));
     body.remove_prefix(6);
-    const bool isWide = body.substr(0, 2) == "\xFE\xFF" || body.substr(0, 2) == "\xFF\xFE";
-    if (!isWide) return textOfUTF8(upToNull(body));
+    if (!isMarkedUTF16(body)) return textOfUTF8(upToNull(body));
     std::u16string text = textOfUTF16(body);
     return text.substr(0, text.find(u'\0'));
 }

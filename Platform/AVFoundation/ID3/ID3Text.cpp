@@ -8,8 +8,7 @@ namespace {
 
 // UTF-16 that lacks its byte order mark has the order in which its first character is of a Western script.
 NSStringEncoding encodingOfUTF16(std::string_view text) {
-    const bool hasMark = text.substr(0, 2) == "\xFF\xFE" || text.substr(0, 2) == "\xFE\xFF";
-    const bool isLittleEndian = !hasMark && text.size() >= 2 && text[0] != 0 && text[1] == 0;
+    const bool isLittleEndian = !isMarkedUTF16(text) && text.size() >= 2 && text[0] != 0 && text[1] == 0;
     return isLittleEndian ? NSUTF16LittleEndianStringEncoding : NSUnicodeStringEncoding;
 }
 

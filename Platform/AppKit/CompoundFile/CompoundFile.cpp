@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/AppKit/CompoundFile/CompoundFile.h"
 
-#include "Platform/AppKit/CompoundFile/LittleEndian.h"
 #include "Platform/Foundation/ASCII.h"
+#include "Platform/Foundation/LittleEndian.h"
 
 namespace {
 

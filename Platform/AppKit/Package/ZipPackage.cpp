@@ -2,6 +2,7 @@
 #include "Platform/AppKit/Package/ZipPackage.h"
 
 #include "Platform/Foundation/ASCII.h"
+#include "Platform/Foundation/LittleEndian.h"
 
 #include <algorithm>
 #include <memory>
@@ -25,23 +26,6 @@ constexpr uint32_t kSeeExtraField = 0xFFFFFFFF;
 constexpr uint16_t kEncryptedFlag = 1, kDescriptorFlag = 8;
 constexpr uint16_t kStored = 0, kDeflated = 8;
 
-// The `size` bytes at `at`, or fewer, or none, when the text ends before.
-std::string_view slice(std::string_view bytes, uint64_t at, uint64_t size) {
-    return at > bytes.size() ? std::string_view() : bytes.substr(size_t(at), size_t(size));
-}
-
-// A little-endian number; bytes past the end count as zero.
-uint64_t number(std::string_view bytes, uint64_t at, unsigned size) {
-    uint64_t value = 0;
-    std::string_view field = slice(bytes, at, size);
-    for (size_t i = field.size(); i-- > 0;) value = value << 8 | static_cast<unsigned char>(field[i]);
-    return value;
-}
-
-uint16_t number16(std::string_view bytes, uint64_t at) { return uint16_t(number(bytes, at, 2)); }
-uint32_t number32(std::string_view bytes, uint64_t at) { return uint32_t(number(bytes, at, 4)); }
-uint64_t number64(std::string_view bytes, uint64_t at) { return number(bytes, at, 8); }
-
 bool hasSignature(std::string_view bytes, uint64_t at, std::string_view signature) {
     return slice(bytes, at, signature.size()) == signature;
 }
@@ -58,8 +42,8 @@ class LargeFields {
 public:
     explicit LargeFields(std::string_view extra) {
         while (extra.size() >= 4) {
-            size_t size = number16(extra, 2);
-            if (number16(extra, 0) == kLargeExtraField) {
+            size_t size = uint16At(extra, 2);
+            if (uint16At(extra, 0) == kLargeExtraField) {
                 values_ = slice(extra, 4, size);
                 return;
             }
@@ -69,7 +53,7 @@ public:
 
     uint64_t value(uint32_t field) {
         if (field != kSeeExtraField || values_.size() < 8) return field;
-        uint64_t value = number64(values_, 0);
+        uint64_t value = uint64At(values_, 0);
         values_.remove_prefix(8);
         return value;
     }
@@ -98,7 +82,7 @@ std::optional<uint64_t> findEndRecord(std::string_view bytes) {
     for (size_t at = tail.size(); at > 0;) {
         at = tail.rfind(kEndSignature, at - 1);
         if (at == std::string_view::npos) break;
-        if (at + kEndRecord + number16(tail, at + 20) == tail.size()) return bytes.size() - tail.size() + at;
+        if (at + kEndRecord + uint16At(tail, at + 20) == tail.size()) return bytes.size() - tail.size() + at;
     }
     return std::nullopt;
 }
@@ -109,20 +93,20 @@ std::optional<DirectoryPlace> findDirectory(std::string_view bytes) {
     uint64_t end = *found;
     if (end >= kLocator + kLargeEndRecord && hasSignature(bytes, end - kLocator, kLocatorSignature)) {
         // The record mostly stands right in front of its locator, whatever the locator says of its place.
-        for (uint64_t large : {end - kLocator - kLargeEndRecord, number64(bytes, end - kLocator + 8)}) {
+        for (uint64_t large : {end - kLocator - kLargeEndRecord, uint64At(bytes, end - kLocator + 8)}) {
             if (!hasSignature(bytes, large, kLargeEndSignature)) continue;
-            auto place = placeDirectory(bytes, large, number64(bytes, large + 48),
-                                        number64(bytes, large + 40), number64(bytes, large + 32));
+            auto place = placeDirectory(bytes, large, uint64At(bytes, large + 48),
+                                        uint64At(bytes, large + 40), uint64At(bytes, large + 32));
             if (place) return place;
         }
     }
-    return placeDirectory(bytes, end, number32(bytes, end + 16), number32(bytes, end + 12),
-                          number16(bytes, end + 10));
+    return placeDirectory(bytes, end, uint32At(bytes, end + 16), uint32At(bytes, end + 12),
+                          uint16At(bytes, end + 10));
 }
 
 // Where the bytes of an entry begin whose local header is at `at`.
 uint64_t dataOffset(std::string_view bytes, uint64_t at) {
-    return at + kLocalHeader + number16(bytes, at + 26) + number16(bytes, at + 28);
+    return at + kLocalHeader + uint16At(bytes, at + 26) + uint16At(bytes, at + 28);
 }
 
 // Where an entry ends whose size stands behind it: at its descriptor, which repeats the size, else at the
@@ -132,7 +116,7 @@ uint64_t findEntryEnd(std::string_view bytes, uint64_t data) {
          at = bytes.find("PK"sv, at + 2)) {
         if (hasSignature(bytes, at, kLocalSignature) || hasSignature(bytes, at, kDirectorySignature))
             return at;
-        if (hasSignature(bytes, at, kDescriptorSignature) && number32(bytes, at + 8) == uint32_t(at - data))
+        if (hasSignature(bytes, at, kDescriptorSignature) && uint32At(bytes, at + 8) == uint32_t(at - data))
             return at;
     }
     return bytes.size();
@@ -168,14 +152,14 @@ bool ZipPackage::readDirectory() {
 
 // Moves `at` behind the entry. Returns false when the entry is not where the directory says.
 bool ZipPackage::readDirectoryEntry(size_t& at, uint64_t shift) {
-    size_t nameSize = number16(bytes_, at + 28), extraSize = number16(bytes_, at + 30);
+    size_t nameSize = uint16At(bytes_, at + 28), extraSize = uint16At(bytes_, at + 30);
     LargeFields large(slice(bytes_, at + kDirectoryHeader + nameSize, extraSize));
-    large.value(number32(bytes_, at + 24));
-    uint64_t compressedSize = large.value(number32(bytes_, at + 20));
-    uint64_t header = large.value(number32(bytes_, at + 42)) + shift;
+    large.value(uint32At(bytes_, at + 24));
+    uint64_t compressedSize = large.value(uint32At(bytes_, at + 20));
+    uint64_t header = large.value(uint32At(bytes_, at + 42)) + shift;
     Entry entry{std::string(slice(bytes_, at + kDirectoryHeader, nameSize)), 0, compressedSize,
-                number16(bytes_, at + 10), (number16(bytes_, at + 8) & kEncryptedFlag) != 0};
-    at += kDirectoryHeader + nameSize + extraSize + number16(bytes_, at + 32);
+                uint16At(bytes_, at + 10), (uint16At(bytes_, at + 8) & kEncryptedFlag) != 0};
+    at += kDirectoryHeader + nameSize + extraSize + uint16At(bytes_, at + 32);
     if (!hasSignature(bytes_, header, kLocalSignature)) return false;
     entry.offset = dataOffset(bytes_, header);
     bool inside = entry.offset <= bytes_.size() && compressedSize <= bytes_.size() - entry.offset;
@@ -188,18 +172,18 @@ bool ZipPackage::readDirectoryEntry(size_t& at, uint64_t shift) {
 void ZipPackage::readLocalHeaders() {
     size_t at = bytes_.find(kLocalSignature);
     while (at != std::string_view::npos && bytes_.size() - at >= kLocalHeader) {
-        uint16_t flags = number16(bytes_, at + 6), nameSize = number16(bytes_, at + 26);
+        uint16_t flags = uint16At(bytes_, at + 6), nameSize = uint16At(bytes_, at + 26);
         std::string_view name = slice(bytes_, at + kLocalHeader, nameSize);
-        LargeFields large(slice(bytes_, at + kLocalHeader + nameSize, number16(bytes_, at + 28)));
-        large.value(number32(bytes_, at + 22));
-        uint64_t size = large.value(number32(bytes_, at + 18));
+        LargeFields large(slice(bytes_, at + kLocalHeader + nameSize, uint16At(bytes_, at + 28)));
+        large.value(uint32At(bytes_, at + 22));
+        uint64_t size = large.value(uint32At(bytes_, at + 18));
         uint64_t data = std::min<uint64_t>(dataOffset(bytes_, at), bytes_.size());
         bool sizeFollows = (flags & kDescriptorFlag) != 0 && size == 0;
         bool leadsToNext = !sizeFollows && size <= bytes_.size() - data &&
                            (data + size == bytes_.size() || hasSignature(bytes_, data + size, "PK"sv));
         uint64_t end = leadsToNext ? data + size : findEntryEnd(bytes_, data);
         if (sizeFollows) size = end - data;
-        entries_.try_emplace(fold(name), Entry{std::string(name), data, size, number16(bytes_, at + 8),
+        entries_.try_emplace(fold(name), Entry{std::string(name), data, size, uint16At(bytes_, at + 8),
                                                (flags & kEncryptedFlag) != 0});
         at = bytes_.find(kLocalSignature, size_t(end));
     }

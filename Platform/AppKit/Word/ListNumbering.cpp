@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/AppKit/Word/ListNumbering.h"
 
-#include "Platform/AppKit/CompoundFile/LittleEndian.h"
 #include "Platform/AppKit/Word/NumberCode.h"
+#include "Platform/Foundation/LittleEndian.h"
 
 namespace Word {
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/AppKit/Word/Modifiers.h"
 
-#include "Platform/AppKit/CompoundFile/LittleEndian.h"
 #include "Platform/AppKit/Word/OldModifierCodes.h"
+#include "Platform/Foundation/LittleEndian.h"
 
 namespace Word {
 

@@ -4,7 +4,7 @@
 // one size, which tell of what lies between the positions.
 #pragma once
 
-#include "Platform/AppKit/CompoundFile/LittleEndian.h"
+#include "Platform/Foundation/LittleEndian.h"
 
 namespace Word {
 

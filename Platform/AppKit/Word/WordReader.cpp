@@ -4,13 +4,13 @@
 #include "Platform/AppKit/DocumentReader.h"
 
 #include "Platform/AppKit/CompoundFile/CompoundFile.h"
-#include "Platform/AppKit/CompoundFile/LittleEndian.h"
 #include "Platform/AppKit/CompoundFile/PropertySet.h"
 #include "Platform/AppKit/Keywords.h"
 #include "Platform/AppKit/Word/FileInformation.h"
 #include "Platform/AppKit/Word/Modifiers.h"
 #include "Platform/AppKit/Word/Streams.h"
 #include "Platform/AppKit/Word/TextReader.h"
+#include "Platform/Foundation/LittleEndian.h"
 
 #include <cstdlib>
 

@@ -115,7 +115,7 @@ TEST(Plistify, KeepsWhatAPropertyListHasAsALeaf) {
     EXPECT_EQ(out.get<NSString>(s(u"0")).utf8(), "<null>");
     EXPECT_EQ(out.get<NSString>(s(u"c")).utf8(), "NSString");
     EXPECT_EQ(out.get<NSString>(s(u"e")).utf8(), "Error Domain=D Code=1 \"(null)\"");
-    EXPECT_TRUE(propertyListIsValid(out, NSPropertyListBinaryFormat_v1_0));
+    EXPECT_TRUE(dataFromPropertyList(out, NSPropertyListBinaryFormat_v1_0, nullptr));
 }
 
 TEST(Plistify, OfNilIsAnEmptyDictionary) {
