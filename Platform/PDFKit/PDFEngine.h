@@ -15,6 +15,7 @@
 struct PDFAnnotationContents {
     bool answersToUserName = false;
     std::optional<std::u16string> userName, contents, url;
+    std::optional<std::u16string> baseURL = std::nullopt; // what a relative URL is relative to
 };
 
 class PDFEngine {

@@ -48,8 +48,10 @@ public:
     using AnnotationOfPage::AnnotationOfPage;
 
     NSURL URL() const override {
-        NSString url = stringOrNil(said().url);
-        return url ? NSURL::URLWithString(url) : NSURL();
+        NSString url = stringOrNil(said().url), base = stringOrNil(said().baseURL);
+        if (!url) return NSURL();
+        if (!base) return NSURL::URLWithString(url);
+        return NSURL::URLWithString(NSURL::URLWithString(url, NSURL::URLWithString(base)).absoluteString());
     }
 };
 

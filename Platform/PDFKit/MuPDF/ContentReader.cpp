@@ -60,6 +60,7 @@ void ContentReader::readContent(pdf_obj* contents, pdf_obj* resources) {
     fz_buffer* buffer = nullptr;
     fz_var(buffer);
     fz_try(context_) {
+        earnTime(contents);
         buffer = decoded(contents);
         pdf_process_glyph(context_, &processor_->super, document_, resources, buffer);
     }
@@ -68,6 +69,16 @@ void ContentReader::readContent(pdf_obj* contents, pdf_obj* resources) {
         resources_.pop_back();
     }
     fz_catch(context_) { fz_rethrow(context_); }
+}
+
+// Content brings the time for reading it along, by its length in the file.
+void ContentReader::earnTime(pdf_obj* contents) {
+    int parts = pdf_is_array(context_, contents) ? pdf_array_len(context_, contents) : 1;
+    for (int i = 0; i < parts; ++i) {
+        pdf_obj* part = pdf_is_array(context_, contents) ? pdf_array_get(context_, contents, i) : contents;
+        int length = pdf_dict_get_int(context_, part, PDF_NAME(Length));
+        if (length > 0) limit_.earnContent(size_t(length));
+    }
 }
 
 // The content's bytes, up to where it is damaged, grows beyond all measure or the time is up.
@@ -130,7 +141,8 @@ void ContentReader::setFont(const char* name, pdf_font_desc* font, double size) 
     if (!font || !font->encoding) return;
     pen_.state.font = fonts_.find(font);
     if (pen_.state.font) return;
-    checkClock(); // a font has just been loaded
+    limit_.earnFont(); // it has just been loaded
+    checkClock();
     pdf_obj* known = pdf_dict_get(context_, resources_.back(), PDF_NAME(Font));
     pdf_obj* toUnicode = pdf_dict_get(context_, pdf_dict_gets(context_, known, name), PDF_NAME(ToUnicode));
     contained(context_, [&] { pen_.state.font = fonts_.add(font, toUnicode); });
@@ -152,7 +164,7 @@ void ContentReader::show(const unsigned char* bytes, size_t count) {
     contained(context_, [&] {
         pen_.show(bytes, count, [this](const Glyph& glyph) {
             addGlyph(glyph);
-            return limit_.takeGlyph();
+            return limit_.takeText(glyph.text.size()) && !limit_.passed();
         });
     });
 }
@@ -221,6 +233,7 @@ void ContentReader::endReplacement() {
     if (!replacement_.depth) return;
     replacement_.depth = 0;
     if (!replacement_.hasGlyph || replacement_.text.empty()) return;
+    if (!limit_.takeText(replacement_.text.size())) return;
     Glyph glyph = replacement_.glyph;
     double dx = replacement_.endX - glyph.x, dy = replacement_.endY - glyph.y;
     double length = std::hypot(dx, dy);
@@ -255,6 +268,9 @@ void ContentReader::install(pdf_processor& processor) {
     processor.op_l = [](C*, P* p, float, float) { of(p).checkTime(); };
     processor.op_c = [](C*, P* p, float, float, float, float, float, float) { of(p).checkTime(); };
     processor.op_re = [](C*, P* p, float, float, float, float) { of(p).checkTime(); };
+    for (auto P::*drawing : {&P::op_h, &P::op_S, &P::op_s, &P::op_F, &P::op_f, &P::op_fstar, &P::op_B,
+                             &P::op_Bstar, &P::op_b, &P::op_bstar, &P::op_n, &P::op_W, &P::op_Wstar})
+        processor.*drawing = [](C*, P* p) { of(p).checkTime(); };
     processor.op_BT = [](C*, P* p) { of(p).pen_.beginText(); };
     processor.op_Tc = [](C*, P* p, float spacing) { of(p).pen_.state.characterSpacing = spacing; };
     processor.op_Tw = [](C*, P* p, float spacing) { of(p).pen_.state.wordSpacing = spacing; };

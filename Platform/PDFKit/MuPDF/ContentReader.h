@@ -33,6 +33,7 @@ private:
     struct Processor; // the engine's, with its way back to the reader
 
     void readContent(pdf_obj* contents, pdf_obj* resources);
+    void earnTime(pdf_obj* contents);
     fz_buffer* decoded(pdf_obj* contents);
     void readForm(pdf_obj* form, pdf_obj* resources);
     bool mayEnter(pdf_obj* form) const;

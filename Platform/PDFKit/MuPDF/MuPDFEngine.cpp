@@ -3,12 +3,16 @@
 
 #include "Platform/PDFKit/MuPDF/ContentReader.h"
 #include "Platform/PDFKit/MuPDF/Guarded.h"
+#include "Platform/PDFKit/MuPDF/Linearization.h"
 #include "Platform/PDFKit/MuPDF/Values.h"
 #include "Platform/PDFKit/PDFTextString.h"
+
+#include <algorithm>
 
 namespace {
 
 constexpr size_t kKeptObjects = size_t(1) << 20; // bytes
+constexpr size_t kMostAnnotations = 100'000;     // of one page
 constexpr unsigned kPagesBetween = 16;           // what all pages need is loaded anew after each forgetting
 
 // The kinds of annotation that have an author under /T, where others have the name of a field or a title.
@@ -34,22 +38,31 @@ std::unique_ptr<MuPDFEngine> MuPDFEngine::open(std::string_view bytes) {
 }
 
 MuPDFEngine::MuPDFEngine(std::string_view bytes)
-    : context_(bytes.size()), document_(context_.get(), bytes), pages_(context_.get(), document_.get()),
-      fonts_(context_.get()), limit_(bytes.size()), memoryLeft_(context_.memoryLeft()) {}
+    : limit_(bytes.size()), context_(bytes.size()), document_(context_.get(), bytes, limit_),
+      pages_(context_.get(), document_.get(), limit_,
+             document_.isLocked() ? linearizedPageCount(bytes).value_or(0) : 0),
+      fonts_(context_.get()), memoryLeft_(context_.memoryLeft()) {
+    if (!document_.get()) return;
+    readAttributes(); // first, so that pages that take all the time leave them whole
+    limit_.beginPages();
+}
 
 bool MuPDFEngine::isLocked() { return document_.isLocked(); }
 size_t MuPDFEngine::pageCount() { return pages_.count(); }
-bool MuPDFEngine::hasPage(size_t page) { return pages_.page(page) != nullptr; }
+NSDictionary MuPDFEngine::documentAttributes() { return attributes_; }
 
-NSDictionary MuPDFEngine::documentAttributes() {
-    if (isLocked()) return NSDictionary::dictionary();
+void MuPDFEngine::readAttributes() {
+    if (isLocked()) return;
     pdf_obj* information = nullptr;
     guarded(context_.get(), [&] {
         information =
             pdf_dict_get(context_.get(), pdf_trailer(context_.get(), document_.get()), PDF_NAME(Info));
     });
-    return informationOf(context_.get(), information);
+    attributes_ = informationOf(context_.get(), information);
 }
+
+// Past the limit no page is there any more.
+bool MuPDFEngine::hasPage(size_t page) { return !limit_.isOver() && pages_.page(page) != nullptr; }
 
 bool MuPDFEngine::appendPageText(size_t page, std::u16string& text) {
     pdf_obj* dictionary = pages_.page(page);
@@ -68,11 +81,12 @@ void MuPDFEngine::forgetObjects() {
 
 size_t MuPDFEngine::annotationCount(size_t page) {
     int count = 0;
+    if (limit_.isOver()) return 0;
     guarded(context_.get(), [&] {
         count =
             pdf_array_len(context_.get(), pdf_dict_get(context_.get(), pages_.page(page), PDF_NAME(Annots)));
     });
-    return size_t(count);
+    return std::min(size_t(count), kMostAnnotations);
 }
 
 pdf_obj* MuPDFEngine::annotation(size_t page, size_t index) {
@@ -90,6 +104,7 @@ bool MuPDFEngine::isLink(size_t page, size_t index) {
 }
 
 bool MuPDFEngine::readAnnotation(size_t page, size_t index, PDFAnnotationContents& contents) {
+    if (limit_.isOver()) return true; // and says nothing
     fz_context* context = context_.get();
     pdf_obj *object = nullptr, *author = nullptr, *text = nullptr, *uri = nullptr;
     bool read = guarded(context, [&] {
@@ -102,13 +117,19 @@ bool MuPDFEngine::readAnnotation(size_t page, size_t index, PDFAnnotationContent
             uri = pdf_dict_get(context, action, PDF_NAME(URI));
     });
     if (!read) return false;
-    if (contents.answersToUserName) contents.userName = textStringOf(context, author);
-    contents.contents = textStringOf(context, text);
+    if (contents.answersToUserName) contents.userName = limited(textStringOf(context, author));
+    contents.contents = limited(textStringOf(context, text));
     std::string_view target = stringBytesOf(context, uri);
-    if (!target.empty())
-        contents.url = textOfPDFURI(isRelative(target) ? std::string(baseURI()) + std::string(target)
-                                                       : std::string(target));
+    if (target.empty()) return true;
+    contents.url = limited(textOfPDFURI(target));
+    if (isRelative(target)) contents.baseURL = limited(textOfPDFURI(baseURI()));
     return true;
+}
+
+// Text as far as there may be more of it.
+std::optional<std::u16string> MuPDFEngine::limited(std::optional<std::u16string> text) {
+    if (text && !limit_.takeText(text->size())) text = std::nullopt;
+    return text;
 }
 
 // What relative URIs of links are relative to.

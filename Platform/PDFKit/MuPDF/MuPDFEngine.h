@@ -29,13 +29,16 @@ private:
 
     pdf_obj* annotation(size_t page, size_t index);
     std::string_view baseURI();
+    std::optional<std::u16string> limited(std::optional<std::u16string> text);
+    void readAttributes();
     void forgetObjects();
 
+    WorkLimit limit_;
     Context context_;
     OpenedDocument document_;
     PageTree pages_;
     FontShelf fonts_;
-    WorkLimit limit_;
+    NSDictionary attributes_;
     unsigned pagesRead_ = 0;
     size_t memoryLeft_; // when objects were last forgotten
 };

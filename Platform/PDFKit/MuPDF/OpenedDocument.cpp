@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/PDFKit/MuPDF/OpenedDocument.h"
 
+#include "Platform/PDFKit/MuPDF/DocumentStream.h"
 #include "Platform/PDFKit/MuPDF/Guarded.h"
 
 #include <cstring>
@@ -24,7 +25,8 @@ std::string withoutEncryption(std::string_view bytes) {
 
 } // namespace
 
-OpenedDocument::OpenedDocument(fz_context* context, std::string_view bytes) : context_(context) {
+OpenedDocument::OpenedDocument(fz_context* context, std::string_view bytes, const WorkLimit& limit)
+    : context_(context), limit_(limit) {
     if (!context_) return;
     open(bytes);
     if (document_) {
@@ -45,7 +47,7 @@ OpenedDocument::~OpenedDocument() {
 void OpenedDocument::open(std::string_view bytes) {
     fz_stream* stream = nullptr;
     guarded(context_, [&] {
-        stream = fz_open_memory(context_, reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size());
+        stream = openDocumentStream(context_, bytes, limit_);
         document_ = pdf_open_document_with_stream(context_, stream);
     });
     fz_drop_stream(context_, stream);

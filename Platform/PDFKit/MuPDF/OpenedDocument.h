@@ -3,6 +3,8 @@
 // A document that the engine has opened, and whether it is locked.
 #pragma once
 
+#include "Platform/PDFKit/MuPDF/WorkLimit.h"
+
 #include <mupdf/pdf.h>
 
 #include <string>
@@ -10,8 +12,8 @@
 
 class OpenedDocument {
 public:
-    // `bytes` outlives the object; `context` may be null, as when there was no memory for it.
-    OpenedDocument(fz_context* context, std::string_view bytes);
+    // `bytes` and `limit` outlive the object; `context` may be null, as when there was no memory for it.
+    OpenedDocument(fz_context* context, std::string_view bytes, const WorkLimit& limit);
     ~OpenedDocument();
     OpenedDocument(const OpenedDocument&) = delete;
     OpenedDocument& operator=(const OpenedDocument&) = delete;
@@ -29,6 +31,7 @@ private:
     bool encryptsContent(const char* key);
 
     fz_context* context_;
+    const WorkLimit& limit_;
     pdf_document* document_ = nullptr;
     bool locked_ = false;
     std::string masked_; // the bytes as the engine reads them where it knows nothing of their encryption

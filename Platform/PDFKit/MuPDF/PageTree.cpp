@@ -8,6 +8,7 @@
 namespace {
 
 constexpr size_t kDeepest = 256;
+constexpr unsigned kStepsBetween = 256; // two looks at the clock
 
 pdf_obj* rootOf(fz_context* context, pdf_document* document) {
     return pdf_dict_getp(context, pdf_trailer(context, document), "Root/Pages");
@@ -36,6 +37,7 @@ size_t PageTree::findCount() {
     });
     size_t most = size_t(std::max<int64_t>(objects, 0));
     if (says) return std::min(size_t(std::max<int64_t>(said, 0)), most);
+    if (told_ > 0) return std::min(told_, most);
     page(most);
     return std::min(pages_.size(), most);
 }
@@ -45,7 +47,8 @@ pdf_obj* PageTree::page(size_t index) {
         begun_ = true;
         guarded(context_, [this] { begin(); });
     }
-    while (index >= pages_.size() && !path_.empty()) guarded(context_, [this] { step(); });
+    while (index >= pages_.size() && !path_.empty() && !(++steps_ % kStepsBetween == 0 && limit_.isOver()))
+        guarded(context_, [this] { step(); });
     return index < pages_.size() ? pages_[index] : nullptr;
 }
 

@@ -5,6 +5,8 @@
 // so that one that leads back into itself comes to an end.
 #pragma once
 
+#include "Platform/PDFKit/MuPDF/WorkLimit.h"
+
 #include <mupdf/pdf.h>
 
 #include <cstddef>
@@ -13,13 +15,15 @@
 
 class PageTree {
 public:
-    PageTree(fz_context* context, pdf_document* document) : context_(context), document_(document) {}
+    // `limit` outlives the tree. `told` is the number of pages for a tree that says none itself.
+    PageTree(fz_context* context, pdf_document* document, const WorkLimit& limit, size_t told)
+        : context_(context), document_(document), limit_(limit), told_(told) {}
     ~PageTree();
     PageTree(const PageTree&) = delete;
     PageTree& operator=(const PageTree&) = delete;
 
-    // What the document says, between 0 and the number of its objects; where it does not say, the number of
-    // pages that there are.
+    // What the tree says, between 0 and the number of the document's objects; where it does not say, what it
+    // was told, or else the number of pages that there are.
     size_t count();
 
     // The page's dictionary, or null when it is not there. It lives as long as the tree.
@@ -40,8 +44,11 @@ private:
 
     fz_context* context_;
     pdf_document* document_;
+    const WorkLimit& limit_;
+    size_t told_;
     std::optional<size_t> count_;
     bool begun_ = false;
+    unsigned steps_ = 0;
     std::vector<Node> path_;
     std::vector<bool> visited_;   // by object number
     std::vector<pdf_obj*> pages_; // kept

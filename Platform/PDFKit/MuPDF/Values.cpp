@@ -9,8 +9,9 @@
 
 namespace {
 
-constexpr int kDeepest = 16;       // arrays and dictionaries within each other
-constexpr int kMostValues = 65536; // of one dictionary, all levels together
+constexpr int kDeepest = 16;          // arrays and dictionaries within each other
+constexpr int kMostValues = 65536;    // of one dictionary, all levels together
+constexpr size_t kMostText = 1 << 22; // bytes of them, since many may be the same one
 
 // What an object is, asked in one go: the engine may fail at each question, since the object may have to be
 // loaded first.
@@ -56,14 +57,14 @@ class Converter {
 public:
     explicit Converter(fz_context* context) : context_(context) {}
 
-    // nil for null and for what lies too deep.
+    // nil for null, for what lies too deep and for what is more than anybody says of a document.
     NSObject value(pdf_obj* object, int depth) {
         if (depth > kDeepest || ++values_ > kMostValues) return nullptr;
         Facts facts = factsOf(context_, object);
         std::string_view bytes(facts.bytes, facts.size);
         switch (facts.kind) {
-        case Facts::text: return NSString(textOfPDFString(bytes));
-        case Facts::name: return NSString(textOfPDFName(bytes));
+        case Facts::text: return takeText(bytes) ? NSString(textOfPDFString(bytes)) : NSString();
+        case Facts::name: return takeText(bytes) ? NSString(textOfPDFName(bytes)) : NSString();
         case Facts::boolean: return NSNumber::withBool(facts.number != 0);
         case Facts::integer: return NSNumber::withInteger(facts.number);
         case Facts::real: return NSNumber::withFloat(facts.fraction);
@@ -101,6 +102,12 @@ private:
         return NSArray(std::move(elements));
     }
 
+    bool takeText(std::string_view bytes) {
+        if (bytes.size() > kMostText - text_) return false;
+        text_ += bytes.size();
+        return true;
+    }
+
     static NSObject dated(const NSString& key, const NSObject& value) {
         bool isDate = key.text() == u"CreationDate" || key.text() == u"ModDate";
         std::optional<double> time;
@@ -110,6 +117,7 @@ private:
 
     fz_context* context_;
     int values_ = 0;
+    size_t text_ = 0;
 };
 
 } // namespace

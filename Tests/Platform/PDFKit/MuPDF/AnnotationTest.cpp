@@ -99,6 +99,10 @@ TEST(PDFAnnotationLink, ThatLeadsElsewhereHasNoURL) {
 TEST(PDFAnnotationLink, IsRelativeToTheDocumentsBase) {
     const std::string base = "/URI<</Base(http://example.org/dir/)>>";
     EXPECT_EQ(urlOf("/S/URI/URI(page.html)", base), "http://example.org/dir/page.html");
+    EXPECT_EQ(urlOf("/S/URI/URI(../page.html)", base), "http://example.org/page.html");
+    EXPECT_EQ(urlOf("/S/URI/URI(/page.html)", base), "http://example.org/page.html");
+    EXPECT_EQ(urlOf("/S/URI/URI(page.html)", "/URI<</Base(http://example.org/dir/index.html)>>"),
+              "http://example.org/dir/page.html");
     EXPECT_EQ(urlOf("/S/URI/URI(http://other.org/)", base), "http://other.org/");
     EXPECT_EQ(urlOf("/S/URI/URI(page.html)"), "page.html");
 }

@@ -1,14 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
 //
-// Opens documents with the engine in the test's own process.
+// Opens documents with the engine in the test's own process, and measures how long that keeps the processor.
 #pragma once
 
+#include "Platform/Foundation/NSException.h"
 #include "Platform/PDFKit/MuPDF/MuPDFEngine.h"
 #include "Platform/PDFKit/PDFDocument.h"
 #include "Tests/Support/PDFWriter.h"
 
 #include <gtest/gtest.h>
 
+#include <ctime>
 #include <string>
 
 // A document and its bytes.
@@ -40,4 +42,35 @@ inline std::u16string textOfPage(const std::string& content) { return textOf(pdf
 inline std::u16string textInFont(PDFWriter& writer, int font, const std::string& content) {
     writer.addPage(content, "/Resources<</Font<</F " + reference(font) + ">>>>");
     return textOf(writer.write());
+}
+
+// Processor time of the test so far.
+inline double secondsSoFar() {
+    timespec time{};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+    return double(time.tv_sec) + double(time.tv_nsec) * 1e-9;
+}
+
+// Reads all of a document as an extractor does: its text and the contents of its annotations, one after the
+// other. A test fails when that takes more than two seconds, or any time that ends where sanitizers are built
+// in.
+inline std::u16string readInTime(const std::string& bytes) {
+    double start = secondsSoFar();
+    OpenedPDF pdf(bytes);
+    std::u16string text;
+    for (size_t i = 0; pdf && i < pdf->pageCount(); ++i) {
+        PDFPage page = pdf->pageAtIndex(i);
+        try {
+            text += page.string().text();
+            for (const auto& annotation : page.annotations()) text += annotation->contents().text();
+        } catch (const NSException&) {
+            // What cannot be read costs only itself.
+        }
+    }
+#ifndef __SANITIZE_ADDRESS__
+    EXPECT_LT(secondsSoFar() - start, 2);
+#else
+    EXPECT_LT(secondsSoFar() - start, 30);
+#endif
+    return text;
 }

@@ -42,6 +42,13 @@ TEST(LockedPDF, WithAnEncryptedCatalogueHasNoPagesThatAreKnown) {
     EXPECT_EQ(pdf->pageCount(), 0u);
 }
 
+TEST(LockedPDF, SaysAtItsFrontHowManyPagesItHasWhereItIsLinearized) {
+    OpenedPDF pdf(encrypted("linearized"));
+    ASSERT_TRUE(pdf);
+    EXPECT_TRUE(pdf->isLocked());
+    EXPECT_EQ(pdf->pageCount(), 2u);
+}
+
 TEST(LockedPDF, IsOneThatOnlyCertificatesOpen) {
     OpenedPDF pdf(
         withEncryption("/Filter/Adobe.PubSec/SubFilter/adbe.pkcs7.s4/V 2/Length 128/Recipients[<00>]"));
