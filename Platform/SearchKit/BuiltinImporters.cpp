@@ -13,6 +13,7 @@
 #include "Platform/PDFKit/PDFDocument.h"
 #include "Platform/SearchKit/CompressedFile.h"
 #include "Platform/SearchKit/Mail.h"
+#include "Platform/SearchKit/OutlookMessage.h"
 #include "Platform/SearchKit/SavedArchive.h"
 #include "Platform/SearchKit/StructuredText.h"
 #include "Platform/SearchKit/TextLines.h"
@@ -149,6 +150,7 @@ constexpr struct {
     {"pdf", importPDF, "application/pdf"},
     {"xml", importText<kXMLTextType>, "application/xml;text/xml;image/svg+xml;application/x-fictionbook+xml"},
     {"mail", importMessage, "message/rfc822"},
+    {"outlook", importOutlookMessage, "application/vnd.ms-outlook"},
     {"mailbox", importMailbox, "application/mbox"},
     {"webarchive", importWebArchive, "application/x-webarchive"},
     {"savedpage", importSavedPage, "application/x-mimearchive;multipart/related"},

@@ -21,7 +21,7 @@ enum class ImportStatus {
 using BuiltinImporter = ImportStatus (*)(ImportedFile& file, std::u16string& text, NSString& why);
 
 // Null for a name of none: "text", "html", "rtf", "rtfd", "doc", "docx", "odt", "pdf", "xml",
-// "package", "json", "table", "subtitles", "mail", "mailbox", "savedpage", "webarchive",
+// "package", "json", "table", "subtitles", "mail", "outlook", "mailbox", "savedpage", "webarchive",
 // "compressed", "image", "media".
 BuiltinImporter builtinImporterNamed(std::string_view name);
 
