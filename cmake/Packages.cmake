@@ -74,7 +74,7 @@ It reads RTF, Word, OpenDocument, HTML and plain text, the metadata of
 sound, film and images, and the words of other files through importers.
 The readers of PDF and of web archives are packages of their own."
     RECOMMENDS "shared-mime-info, texttool-pdf (= ${PROJECT_VERSION})"
-    SUGGESTS "texttool-web (= ${PROJECT_VERSION}), catdoc, djvulibre-bin, mupdf-tools, recollcmd")
+    SUGGESTS "texttool-web (= ${PROJECT_VERSION}), catdoc, djvulibre-bin, ghostscript, mupdf-tools, recollcmd")
 debian_package(texttool-pdf text "reader of PDF documents for texttool"
 "The module with which texttool reads PDF documents: the text of their
 pages, their annotations and what they say of themselves.
