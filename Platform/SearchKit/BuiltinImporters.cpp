@@ -22,17 +22,12 @@ namespace {
 
 constexpr std::chrono::seconds kTimeout{30};
 
-ImportStatus failed(NSString& why, const char16_t* reason) {
-    why = NSString(reason);
-    return ImportStatus::failed;
-}
-
 ImportStatus outcomeOf(ReadStatus status, NSString& why) {
     switch (status) {
     case ReadStatus::read: return ImportStatus::read;
-    case ReadStatus::wrongKind: return failed(why, u"it is damaged or of another kind");
-    case ReadStatus::locked: return failed(why, u"it is protected by a password");
-    default: return failed(why, u"there is not enough memory");
+    case ReadStatus::wrongKind: return importFailed(why, kOfAnotherKind);
+    case ReadStatus::locked: return importFailed(why, u"it is protected by a password");
+    default: return importFailed(why, kOutOfMemory);
     }
 }
 
@@ -54,7 +49,7 @@ ImportStatus importText(ImportedFile& file, std::u16string& text, NSString& why)
 
 // Other than a document that says of itself to be plain text, a file of any kind can be in any encoding.
 ImportStatus importPlainText(ImportedFile& file, std::u16string& text, NSString& why) {
-    if (!file.data()) return failed(why, u"it cannot be read");
+    if (!file.data()) return importFailed(why, kCannotBeRead);
     const std::string_view bytes = file.data().bytes();
     const NSStringEncoding encoding = likelyEncoding(bytes);
     const bool isMarked = encoding == NSUTF8StringEncoding && byteOrderMark(bytes).encoding == encoding;
@@ -204,9 +199,14 @@ std::vector<ImporterDescriptor> builtinImporters() {
     return descriptors;
 }
 
+ImportStatus importFailed(NSString& why, const char16_t* reason) {
+    why = NSString(reason);
+    return ImportStatus::failed;
+}
+
 ImportStatus importData(const NSString& documentType, const NSData& data, std::u16string& text,
                         NSString& why) {
-    if (!data) return failed(why, u"it cannot be read");
+    if (!data) return importFailed(why, kCannotBeRead);
     const DocumentReader reader = readerOfKind(kindOfType(documentType), &why);
     if (!reader) return ImportStatus::missingReader;
     DocumentContents contents;

@@ -16,7 +16,9 @@ constexpr const char *kSubject = "0037", *kSender = "0C1A", *kSenderAddress = "5
                      *kRTF = "1009", *kAttachmentName = "3707", *kShortAttachmentName = "3704";
 constexpr uint32_t kCodePage = 0x3FFD0003, kInternetCodePage = 0x3FDE0003;
 
-// Of the root's list of the properties that are numbers; the head of a message's list is longer than others'.
+// The stream with the list of the properties that are numbers; the head of a message's list is longer than
+// others'.
+constexpr std::string_view kNumbers = "__properties_version1.0";
 constexpr size_t kListHead = 32, kListEntry = 16;
 
 class OutlookMessage {
@@ -54,7 +56,7 @@ private:
     }
 
     NSStringEncoding encoding(uint32_t property) {
-        const std::string_view list = file_.stream("__properties_version1.0");
+        const std::string_view list = file_.stream(kNumbers);
         for (size_t at = kListHead; at + kListEntry <= list.size(); at += kListEntry) {
             if (uint32At(list, at) != property) continue;
             const NSStringEncoding encoding = encodingForCodePage(uint32At(list, at + 8));
@@ -93,14 +95,8 @@ private:
 } // namespace
 
 ImportStatus importOutlookMessage(ImportedFile& file, std::u16string& text, NSString& why) {
-    if (!file.data()) {
-        why = NSString(u"it cannot be read");
-        return ImportStatus::failed;
-    }
+    if (!file.data()) return importFailed(why, kCannotBeRead);
     auto compound = CompoundFile::open(file.data().bytes());
-    if (!compound || !compound->contains("__properties_version1.0")) {
-        why = NSString(u"it is damaged or of another kind");
-        return ImportStatus::failed;
-    }
+    if (!compound || !compound->contains(kNumbers)) return importFailed(why, kOfAnotherKind);
     return OutlookMessage(std::move(*compound), text, why).read();
 }
