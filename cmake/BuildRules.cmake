@@ -43,6 +43,7 @@ endif()
 
 # What is installed belongs to the program, unless it says otherwise: cmake/Packages.cmake tells of the others.
 set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME texttool)
+set(TEXTTOOL_MODULE_COMPONENT_KFileMetaData kfilemetadata)
 set(TEXTTOOL_MODULE_COMPONENT_PDF pdf)
 set(TEXTTOOL_MODULE_COMPONENT_WebKit web)
 

@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: Apache-2.0
 # Debian packages, one for each component of what is installed: the tool, its two heaviest readers each by itself, so
-# that who reads neither PDF nor web archives has none of their libraries, and the library for programmers.
+# that who reads neither PDF nor web archives has none of their libraries, the library for programmers, and the bridge to
+# KFileMetaData where that was there to build it.
 # Scripts/package makes them so that the same sources give the same bytes.
 set(PACKAGING ${PROJECT_SOURCE_DIR}/Packaging)
 set(DEBIAN_PACKAGES texttool texttool-pdf texttool-web libzorfoundation-dev)
@@ -8,6 +9,10 @@ set(COMPONENT_OF_texttool texttool)
 set(COMPONENT_OF_texttool-pdf pdf)
 set(COMPONENT_OF_texttool-web web)
 set(COMPONENT_OF_libzorfoundation-dev development)
+if(TARGET KFileMetaDataModule)
+    list(APPEND DEBIAN_PACKAGES texttool-kfilemetadata)
+    set(COMPONENT_OF_texttool-kfilemetadata kfilemetadata)
+endif()
 
 # What Debian wants beside each package's files. A licence that says more than the common one has a part of its own.
 foreach(package ${DEBIAN_PACKAGES})
@@ -31,7 +36,9 @@ set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
-set(CPACK_COMPONENTS_ALL texttool pdf web development)
+foreach(package ${DEBIAN_PACKAGES})
+    list(APPEND CPACK_COMPONENTS_ALL ${COMPONENT_OF_${package}})
+endforeach()
 set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/cmake/FinishPackages.cmake)
 
 set(CPACK_DEB_COMPONENT_INSTALL ON)
@@ -67,7 +74,7 @@ It reads RTF, Word, OpenDocument, HTML and plain text, the metadata of
 sound, film and images, and the words of other files through importers.
 The readers of PDF and of web archives are packages of their own."
     RECOMMENDS "shared-mime-info, texttool-pdf (= ${PROJECT_VERSION})"
-    SUGGESTS "texttool-web (= ${PROJECT_VERSION}), catdoc, djvulibre-bin, mupdf-tools, recollcmd")
+    SUGGESTS "texttool-web (= ${PROJECT_VERSION}), catdoc, djvulibre-bin, ghostscript, mupdf-tools, recollcmd")
 debian_package(texttool-pdf text "reader of PDF documents for texttool"
 "The module with which texttool reads PDF documents: the text of their
 pages, their annotations and what they say of themselves.
@@ -83,4 +90,10 @@ debian_package(libzorfoundation-dev libdevel "library for programs that start te
 values, errors, settings and paths that they are made of, its headers and
 the files for CMake and pkg-config."
     DEPENDS "libstdc++-12-dev | libstdc++-dev, libc6-dev" SUGGESTS "texttool (= ${PROJECT_VERSION})")
+if(TARGET KFileMetaDataModule)
+    debian_package(texttool-kfilemetadata text "importer of more kinds of files for texttool"
+"The module through which texttool reads the words of kinds of files that
+have a plug-in of KFileMetaData, such as Mobipocket books."
+        DEPENDS "texttool (= ${PROJECT_VERSION}), libkf5filemetadata-bin")
+endif()
 include(CPack)

@@ -13,6 +13,7 @@
 #include "Platform/PDFKit/PDFDocument.h"
 #include "Platform/SearchKit/CompressedFile.h"
 #include "Platform/SearchKit/Mail.h"
+#include "Platform/SearchKit/OutlookMessage.h"
 #include "Platform/SearchKit/SavedArchive.h"
 #include "Platform/SearchKit/StructuredText.h"
 #include "Platform/SearchKit/TextLines.h"
@@ -21,17 +22,12 @@ namespace {
 
 constexpr std::chrono::seconds kTimeout{30};
 
-ImportStatus failed(NSString& why, const char16_t* reason) {
-    why = NSString(reason);
-    return ImportStatus::failed;
-}
-
 ImportStatus outcomeOf(ReadStatus status, NSString& why) {
     switch (status) {
     case ReadStatus::read: return ImportStatus::read;
-    case ReadStatus::wrongKind: return failed(why, u"it is damaged or of another kind");
-    case ReadStatus::locked: return failed(why, u"it is protected by a password");
-    default: return failed(why, u"there is not enough memory");
+    case ReadStatus::wrongKind: return importFailed(why, kOfAnotherKind);
+    case ReadStatus::locked: return importFailed(why, u"it is protected by a password");
+    default: return importFailed(why, kOutOfMemory);
     }
 }
 
@@ -53,7 +49,7 @@ ImportStatus importText(ImportedFile& file, std::u16string& text, NSString& why)
 
 // Other than a document that says of itself to be plain text, a file of any kind can be in any encoding.
 ImportStatus importPlainText(ImportedFile& file, std::u16string& text, NSString& why) {
-    if (!file.data()) return failed(why, u"it cannot be read");
+    if (!file.data()) return importFailed(why, kCannotBeRead);
     const std::string_view bytes = file.data().bytes();
     const NSStringEncoding encoding = likelyEncoding(bytes);
     const bool isMarked = encoding == NSUTF8StringEncoding && byteOrderMark(bytes).encoding == encoding;
@@ -149,6 +145,7 @@ constexpr struct {
     {"pdf", importPDF, "application/pdf"},
     {"xml", importText<kXMLTextType>, "application/xml;text/xml;image/svg+xml;application/x-fictionbook+xml"},
     {"mail", importMessage, "message/rfc822"},
+    {"outlook", importOutlookMessage, "application/vnd.ms-outlook"},
     {"mailbox", importMailbox, "application/mbox"},
     {"webarchive", importWebArchive, "application/x-webarchive"},
     {"savedpage", importSavedPage, "application/x-mimearchive;multipart/related"},
@@ -202,9 +199,14 @@ std::vector<ImporterDescriptor> builtinImporters() {
     return descriptors;
 }
 
+ImportStatus importFailed(NSString& why, const char16_t* reason) {
+    why = NSString(reason);
+    return ImportStatus::failed;
+}
+
 ImportStatus importData(const NSString& documentType, const NSData& data, std::u16string& text,
                         NSString& why) {
-    if (!data) return failed(why, u"it cannot be read");
+    if (!data) return importFailed(why, kCannotBeRead);
     const DocumentReader reader = readerOfKind(kindOfType(documentType), &why);
     if (!reader) return ImportStatus::missingReader;
     DocumentContents contents;

@@ -21,12 +21,18 @@ enum class ImportStatus {
 using BuiltinImporter = ImportStatus (*)(ImportedFile& file, std::u16string& text, NSString& why);
 
 // Null for a name of none: "text", "html", "rtf", "rtfd", "doc", "docx", "odt", "pdf", "xml",
-// "package", "json", "table", "subtitles", "mail", "mailbox", "savedpage", "webarchive",
+// "package", "json", "table", "subtitles", "mail", "outlook", "mailbox", "savedpage", "webarchive",
 // "compressed", "image", "media".
 BuiltinImporter builtinImporterNamed(std::string_view name);
 
 // What the built-in importers say of themselves.
 std::vector<ImporterDescriptor> builtinImporters();
+
+// Says why there is no text.
+ImportStatus importFailed(NSString& why, const char16_t* reason);
+inline constexpr const char16_t* kCannotBeRead = u"it cannot be read";
+inline constexpr const char16_t* kOfAnotherKind = u"it is damaged or of another kind";
+inline constexpr const char16_t* kOutOfMemory = u"there is not enough memory";
 
 // Appends the text of a document of one of AppKit's types, or of those of XMLTextReaders.h. nil data is a
 // failure.

@@ -19,10 +19,7 @@ NSString innerPath(const NSString& path) {
 } // namespace
 
 ImportStatus importCompressed(ImportedFile& file, std::u16string& text, NSString& why) {
-    if (!file.data()) {
-        why = NSString(u"it cannot be read");
-        return ImportStatus::failed;
-    }
+    if (!file.data()) return importFailed(why, kCannotBeRead);
     static const ModuleEntry<CompressionModuleEntry> module("Compression");
     if (!module.get()) {
         why = module.why();
@@ -31,11 +28,10 @@ ImportStatus importCompressed(ImportedFile& file, std::u16string& text, NSString
     Deadline deadline(kTimeout);
     std::string bytes;
     switch (module.get()(file.data().bytes(), deadline, bytes)) {
-    case DecompressionStatus::wrongKind: why = NSString(u"it is damaged or of another kind"); break;
-    case DecompressionStatus::outOfMemory: why = NSString(u"there is not enough memory"); break;
-    case DecompressionStatus::done:
-        ImportedFile inner(innerPath(file.path()), std::move(bytes));
-        return importEnclosed(inner, text, why);
+    case DecompressionStatus::wrongKind: return importFailed(why, kOfAnotherKind);
+    case DecompressionStatus::outOfMemory: return importFailed(why, kOutOfMemory);
+    case DecompressionStatus::done: break;
     }
-    return ImportStatus::failed;
+    ImportedFile inner(innerPath(file.path()), std::move(bytes));
+    return importEnclosed(inner, text, why);
 }

@@ -30,6 +30,7 @@ const Importers& importers() {
 std::string typeOfOwn(const std::string& name, std::string_view start) {
     const bool isList = start.starts_with("bplist0") && start.find("WebMainResource") != start.npos;
     if (isList || name.ends_with(".webarchive")) return "application/x-webarchive";
+    if (name.ends_with(".msg") && start.starts_with("\xD0\xCF\x11\xE0")) return "application/vnd.ms-outlook";
     return name.ends_with(".jsonl") || name.ends_with(".ndjson") ? "application/json" : "";
 }
 

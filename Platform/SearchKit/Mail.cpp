@@ -81,22 +81,17 @@ private:
     ImportStatus status_ = ImportStatus::read;
 };
 
-ImportStatus unreadable(NSString& why) {
-    why = NSString(u"it cannot be read");
-    return ImportStatus::failed;
-}
-
 } // namespace
 
 ImportStatus importMessage(ImportedFile& file, std::u16string& text, NSString& why) {
-    if (!file.data()) return unreadable(why);
+    if (!file.data()) return importFailed(why, kCannotBeRead);
     MessageReader reader(text, why);
     reader.readMessage(file.data().bytes());
     return reader.status();
 }
 
 ImportStatus importMailbox(ImportedFile& file, std::u16string& text, NSString& why) {
-    if (!file.data()) return unreadable(why);
+    if (!file.data()) return importFailed(why, kCannotBeRead);
     MessageReader reader(text, why);
     std::string_view rest = file.data().bytes();
     while (!rest.empty()) {
@@ -111,7 +106,7 @@ ImportStatus importMailbox(ImportedFile& file, std::u16string& text, NSString& w
 }
 
 ImportStatus importSavedPage(ImportedFile& file, std::u16string& text, NSString& why) {
-    if (!file.data()) return unreadable(why);
+    if (!file.data()) return importFailed(why, kCannotBeRead);
     MessageReader reader(text, why);
     reader.readPage(file.data().bytes());
     return reader.status();

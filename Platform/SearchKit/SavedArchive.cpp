@@ -42,6 +42,5 @@ ImportStatus importArchive(const WebArchive& archive, std::u16string& text, NSSt
 ImportStatus importWebArchive(ImportedFile& file, std::u16string& text, NSString& why) {
     const WebArchive archive = WebArchive::initWithData(file.data());
     if (archive) return importArchive(archive, text, why);
-    why = NSString(u"it is damaged or of another kind");
-    return ImportStatus::failed;
+    return importFailed(why, kOfAnotherKind);
 }

@@ -15,7 +15,7 @@ constexpr size_t kMiniStreamLimit = 4096; // streams below it lie in mini sector
 constexpr uint32_t kSectorLimit = 0xFFFFFFFA; // from here on: the end of a chain, free sectors and the like
 constexpr uint32_t kNoEntry = 0xFFFFFFFF;
 
-enum EntryType : uint8_t { kStream = 2, kRoot = 5 };
+enum EntryType : uint8_t { kStorage = 1, kStream = 2, kRoot = 5 };
 
 std::string asciiName(std::string_view entry) {
     size_t length = std::min<size_t>(uint16At(entry, 64), 64) / 2;
@@ -112,11 +112,11 @@ void CompoundFile::readDirectory() {
     }
     root_ = describe(entryAt(0));
 
-    // The root's streams are the nodes of a binary tree, whose order does not matter when all are visited.
+    // What a storage holds are the nodes of a binary tree, whose order does not matter when all are visited.
     std::vector<bool> visited(count);
-    std::vector<uint32_t> waiting{uint32At(entryAt(0), 76)};
+    std::vector<std::pair<uint32_t, std::string>> waiting{{uint32At(entryAt(0), 76), ""}};
     while (!waiting.empty()) {
-        uint32_t index = waiting.back();
+        const auto [index, storage] = std::move(waiting.back());
         waiting.pop_back();
         if (index == kNoEntry) continue;
         if (index >= count) {
@@ -126,9 +126,15 @@ void CompoundFile::readDirectory() {
         if (visited[index]) continue;
         visited[index] = true;
         std::string_view entry = entryAt(index);
-        if (uint8At(entry, 66) == kStream) entries_.push_back(describe(entry));
-        waiting.push_back(uint32At(entry, 68));
-        waiting.push_back(uint32At(entry, 72));
+        if (uint8At(entry, 66) == kStream) {
+            entries_.push_back(describe(entry));
+            entries_.back().name.insert(0, storage);
+        } else if (uint8At(entry, 66) == kStorage && storage.empty()) {
+            storages_.push_back(asciiName(entry));
+            waiting.push_back({uint32At(entry, 76), storages_.back() + "/"});
+        }
+        waiting.push_back({uint32At(entry, 68), storage});
+        waiting.push_back({uint32At(entry, 72), storage});
     }
 }
 

@@ -3,7 +3,8 @@
 // The compound file of OLE2: a file system in a file, in which programs of the Office family keep their
 // documents.
 //
-// Only streams of the root are found; those of storages belong to embedded documents. Sector chains are
+// Streams of the root go by their names, those of its storages by "storage/stream"; deeper ones belong to
+// embedded documents and are not found. Sector chains are
 // followed as far as the file goes: of a truncated file each stream is readable up to the cut, and where the
 // table of the chains itself is cut off, a sector is taken to be followed by its neighbour, as writers lay
 // streams out in one piece. Cyclic chains and lying sizes are bounded by the size of the file.
@@ -24,7 +25,10 @@ public:
     // Names are ASCII here and compared exactly.
     bool contains(std::string_view name) const { return find(name) != nullptr; }
 
-    // The bytes of a stream of the root; a view with a null data() when there is none. Valid as long as the
+    // The names of the root's storages.
+    const std::vector<std::string>& storages() const { return storages_; }
+
+    // The bytes of a stream; a view with a null data() when there is none. Valid as long as the
     // file; a stream that lies in one piece is not copied.
     std::string_view stream(std::string_view name);
 
@@ -63,8 +67,9 @@ private:
     std::string_view bytes_;
     unsigned sectorShift_ = 9;
     std::vector<uint32_t> tableSectors_; // the sectors that hold the sector table
-    std::vector<Entry> entries_;         // the root's streams
-    Entry root_;                         // its "stream" holds the mini sectors
+    std::vector<Entry> entries_;         // the streams
+    std::vector<std::string> storages_;
+    Entry root_; // its "stream" holds the mini sectors
     std::optional<Sectors> miniSectors_;
     std::string_view miniTable_;
     bool directoryIsDamaged_ = false;

@@ -4,6 +4,7 @@
 #include "Tests/Support/CompoundFileWriter.h"
 #include "Tests/Support/LittleEndianWriter.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace {
@@ -60,7 +61,7 @@ TEST(CompoundFile, FindsStreamsByNamesInAnyCase) {
     EXPECT_FALSE(CompoundFile::open(file)->contains("worddocumen"));
 }
 
-TEST(CompoundFile, FindsStreamsOfTheRootOnly) {
+TEST(CompoundFile, FindsStreamsOfStoragesByTheirPathsOnly) {
     std::string file = CompoundFileWriter()
                            .embedded("ObjectPool", "WordDocument", "inner")
                            .stream("WordDocument", "outer")
@@ -72,6 +73,11 @@ TEST(CompoundFile, FindsStreamsOfTheRootOnly) {
     EXPECT_FALSE(opened->contains("Hidden"));
     EXPECT_FALSE(opened->contains("ObjectPool"));
     EXPECT_EQ(opened->stream("Hidden").data(), nullptr);
+    EXPECT_EQ(opened->stream("Other/Hidden"), "hidden");
+    EXPECT_EQ(opened->stream("ObjectPool/WordDocument"), "inner");
+    std::vector<std::string> storages = opened->storages();
+    std::sort(storages.begin(), storages.end());
+    EXPECT_EQ(storages, (std::vector<std::string>{"ObjectPool", "Other"}));
 }
 
 TEST(CompoundFile, RefusesOtherBytes) {
