@@ -29,7 +29,10 @@ constexpr Feature kFeatures[] = {{"AllowDisplayOfInsecureContent", TRUE},
                                  {"LinkPreload", FALSE},
                                  {"LinkPrefetch", FALSE},
                                  {"LazyIframeLoading", FALSE},
-                                 {"LazyImageLoading", FALSE}};
+                                 {"LazyImageLoading", FALSE},
+                                 // The libraries of voices have been left out.
+                                 {"SpeechRecognition", FALSE},
+                                 {"SpeechSynthesisAPI", FALSE}};
 
 void setFeatures(WebKitSettings* settings) {
     WebKitFeatureList* all = webkit_settings_get_all_features();

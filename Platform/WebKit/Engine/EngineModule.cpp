@@ -23,7 +23,11 @@ std::string extensionFolder() {
 } // namespace
 
 WebView* MODULE_ENTRY(const NSRect& frame, const WebEngineSurroundings& where, NSString* why) {
-    if (startToolkit(where)) return new EngineView(frame, where, extensionFolder());
+    if (startToolkit(where)) {
+        const std::string folder = extensionFolder();
+        putLibrariesFirst(folder + "/Speechless");
+        return new EngineView(frame, where, folder);
+    }
     *why = u"The web engine can’t use its display.";
     return nullptr;
 }

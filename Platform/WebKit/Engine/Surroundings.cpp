@@ -23,7 +23,7 @@ struct Variable {
 };
 
 // Nothing of the user's desktop takes part: no session bus, no accessibility bridge, no settings service, no
-// modules of the toolkit.
+// modules of the toolkit, and no program that would have to be looked for.
 constexpr Variable kEnvironment[] = {{"GDK_BACKEND", "x11"},
                                      {"GSETTINGS_BACKEND", "memory"},
                                      {"GIO_USE_VFS", "local"},
@@ -34,6 +34,7 @@ constexpr Variable kEnvironment[] = {{"GDK_BACKEND", "x11"},
                                      {"DBUS_SESSION_BUS_ADDRESS", nullptr},
                                      {"GTK_MODULES", nullptr},
                                      {"GTK_THEME", nullptr},
+                                     {"PATH", "/nonexistent"},
                                      {"WAYLAND_DISPLAY", nullptr},
                                      {"XAUTHORITY", nullptr}};
 
@@ -119,6 +120,11 @@ bool startToolkit(const WebEngineSurroundings& where) {
     if (!connectToDisplay()) return false;
     NSRunLoop::currentRunLoop().setRunner(runToolkitUntil);
     return true;
+}
+
+void putLibrariesFirst(const std::string& folder) {
+    const char* others = getenv("LD_LIBRARY_PATH");
+    setenv("LD_LIBRARY_PATH", (others && *others ? folder + ":" + others : folder).c_str(), 1);
 }
 
 void runToolkitUntil(double referenceTime) {

@@ -10,6 +10,9 @@
 // False when the display cannot be used. From then on the run loop delivers the toolkit's events.
 bool startToolkit(const WebEngineSurroundings& where);
 
+// A folder of libraries that processes started from now on find before those of the system.
+void putLibrariesFirst(const std::string& folder);
+
 // Delivers events until the reference time, at most one round of them when it has passed.
 void runToolkitUntil(double referenceTime);
 
