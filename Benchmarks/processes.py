@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: Apache-2.0
 """Runs programs as processes of their own and measures them. What the scripts share."""
 import collections
+import json
 import os
 import subprocess
 import sys
@@ -36,6 +37,20 @@ class Measurer:
         with open(self.result) as file:
             wall, cpu, memory, status = map(int, file.read().split())
         return Measurement(wall / 1e6, cpu / 1e6, memory / 1024, status)
+
+
+def keep(figures, file):
+    """Writes figures as JSON; where no file is named, nobody wants them."""
+    if file:
+        with open(file, 'w') as output:
+            json.dump(figures, output, indent=2)
+
+
+def size_of(path):
+    """Bytes of a file, or of all files of a folder."""
+    if not os.path.isdir(path):
+        return os.path.getsize(path)
+    return sum(os.path.getsize(os.path.join(folder, name)) for folder, _, names in os.walk(path) for name in names)
 
 
 def tool_or_exit(path):
