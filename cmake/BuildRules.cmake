@@ -45,6 +45,7 @@ endif()
 set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME texttool)
 set(TEXTTOOL_MODULE_COMPONENT_PDF pdf)
 set(TEXTTOOL_MODULE_COMPONENT_WebKit web)
+set(TEXTTOOL_MODULE_COMPONENT_KFileMetaData kfilemetadata)
 
 # A module: one entry goes out; values and library are resolved from the program that loads it.
 function(add_texttool_module name)

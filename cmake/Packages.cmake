@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: Apache-2.0
-# Debian packages, one for each component of what is installed: the tool, its two heaviest readers each by itself, so
-# that who reads neither PDF nor web archives has none of their libraries, and the library for programmers.
+# Debian packages, one for each component of what is installed: the tool, its heaviest readers each by itself, so that
+# who reads neither PDF nor web archives has none of their libraries, and the library for programmers.
 # Scripts/package makes them so that the same sources give the same bytes.
 set(PACKAGING ${PROJECT_SOURCE_DIR}/Packaging)
 set(DEBIAN_PACKAGES texttool texttool-pdf texttool-web libzorfoundation-dev)
@@ -8,6 +8,10 @@ set(COMPONENT_OF_texttool texttool)
 set(COMPONENT_OF_texttool-pdf pdf)
 set(COMPONENT_OF_texttool-web web)
 set(COMPONENT_OF_libzorfoundation-dev development)
+if(TARGET KFileMetaDataModule)
+    list(APPEND DEBIAN_PACKAGES texttool-kfilemetadata)
+    set(COMPONENT_OF_texttool-kfilemetadata kfilemetadata)
+endif()
 
 # What Debian wants beside each package's files. A licence that says more than the common one has a part of its own.
 foreach(package ${DEBIAN_PACKAGES})
@@ -31,7 +35,10 @@ set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
-set(CPACK_COMPONENTS_ALL texttool pdf web development)
+set(CPACK_COMPONENTS_ALL)
+foreach(package ${DEBIAN_PACKAGES})
+    list(APPEND CPACK_COMPONENTS_ALL ${COMPONENT_OF_${package}})
+endforeach()
 set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/cmake/FinishPackages.cmake)
 
 set(CPACK_DEB_COMPONENT_INSTALL ON)
@@ -78,6 +85,12 @@ debian_package(texttool-web text "reader of web archives for texttool"
 "The module with which texttool reads web archives: it shows a saved page
 in a web engine that nobody sees, in a sandbox, and takes its text."
     DEPENDS "texttool (= ${PROJECT_VERSION}), bubblewrap, xdg-dbus-proxy, xvfb")
+if(TARGET KFileMetaDataModule)
+    debian_package(texttool-kfilemetadata text "importers of the KDE desktop for texttool"
+"The importer with which texttool reads files of kinds that it does not know
+by itself but that KFileMetaData has a plug-in for."
+        DEPENDS "texttool (= ${PROJECT_VERSION})" RECOMMENDS "libkf5filemetadata-bin")
+endif()
 debian_package(libzorfoundation-dev libdevel "library for programs that start texttool"
 "A static library in C++20 that reads the records of texttool, with the
 values, errors, settings and paths that they are made of, its headers and
