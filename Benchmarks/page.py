@@ -109,6 +109,14 @@ class Page:
         self.add('## Web archives', 'An archive of one line; CPU time is that of all processes that take part.')
         self.table(['', 'wall s', 'CPU s'], [[f['what'], '%.3f' % f['wall'], '%.3f' % f['cpu']] for f in figures])
 
+    def any_kind(self, figures):
+        long = figures['long']
+        self.add('## Files of any kind', 'Their words, beside programs that index desktops and sites. A text of %d MB takes the tool '
+                                         '%.2f s and %.0f MiB.' % (long['megabytes'], long['wall'], long['memory']))
+        self.table(['', 'files', 'wall ms', 'CPU ms', 'peak MiB', 'largest MiB', 'failed'],
+                   [[name, str(s['files']), '%.2f' % (s['wall'] * 1e3), '%.2f' % (s['cpu'] * 1e3), '%.1f' % s['memory'],
+                     '%.1f' % s['most'], str(s['failed'])] for name, s in figures['programs'].items()])
+
     def start_up(self, figures):
         self.add('## Start-up', 'A request that opens no document, beside a C++ program that does nothing.')
         self.table(['', 'wall ms', 'CPU ms', 'peak MiB'],
