@@ -2,6 +2,7 @@
 """Runs programs as processes of their own and measures them. What the scripts share."""
 import collections
 import functools
+import json
 import os
 import subprocess
 import sys
@@ -52,6 +53,20 @@ def documents(corpus, kind, limit):
     folder = os.path.join(corpus, kind)
     names = sorted(os.listdir(folder)) if os.path.isdir(folder) else []
     return [os.path.join(os.path.abspath(folder), name) for name in names][:limit]
+
+
+def keep(figures, file):
+    """Writes figures as JSON; where no file is named, nobody wants them."""
+    if file:
+        with open(file, 'w') as output:
+            json.dump(figures, output, indent=2)
+
+
+def size_of(path):
+    """Bytes of a file, or of all files of a folder."""
+    if not os.path.isdir(path):
+        return os.path.getsize(path)
+    return sum(os.path.getsize(os.path.join(folder, name)) for folder, _, names in os.walk(path) for name in names)
 
 
 def tool_or_exit(path):

@@ -36,6 +36,7 @@ set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+set(CPACK_COMPONENTS_ALL)
 foreach(package ${DEBIAN_PACKAGES})
     list(APPEND CPACK_COMPONENTS_ALL ${COMPONENT_OF_${package}})
 endforeach()
@@ -85,6 +86,12 @@ debian_package(texttool-web text "reader of web archives for texttool"
 "The module with which texttool reads web archives: it shows a saved page
 in a web engine that nobody sees, in a sandbox, and takes its text."
     DEPENDS "texttool (= ${PROJECT_VERSION}), bubblewrap, xdg-dbus-proxy, xvfb")
+if(TARGET KFileMetaDataModule)
+    debian_package(texttool-kfilemetadata text "importers of the KDE desktop for texttool"
+"The importer with which texttool reads files of kinds that it does not know
+by itself but that KFileMetaData has a plug-in for."
+        DEPENDS "texttool (= ${PROJECT_VERSION})" RECOMMENDS "libkf5filemetadata-bin")
+endif()
 debian_package(libzorfoundation-dev libdevel "library for programs that start texttool"
 "A static library in C++20 that reads the records of texttool, with the
 values, errors, settings and paths that they are made of, its headers and

@@ -27,10 +27,11 @@ _texttool() {
     -RTFDPath) _texttool_files '' "$word" ;;
     -EMLPath) _texttool_files '*.eml' "$word" ;;
     -QTPath | -ImagePath | -SpotlightPath) _texttool_files '*' "$word" ;;
-    -SkipBody | -ErrorShortLogging | -ZORAppSandbox) mapfile -t COMPREPLY < <(compgen -W 'YES NO' -- "$word") ;;
+    -SkipBody | -DisableSandbox | -ErrorShortLogging | -ZORAppSandbox) mapfile -t COMPREPLY < <(compgen -W 'YES NO' -- "$word") ;;
     *)
         mapfile -t COMPREPLY < <(compgen -W '-WebArchivePath -HTMLPath -PDFPath -WordPath -WordXPath -ODTPath -RTFPath
-            -RTFDPath -QTPath -ImagePath -SpotlightPath -EMLPath -SkipBody -ErrorShortLogging -ZORAppSandbox' -- "$word")
+            -RTFDPath -QTPath -ImagePath -SpotlightPath -EMLPath -SkipBody -DisableSandbox -ErrorShortLogging
+            -ZORAppSandbox' -- "$word")
         ;;
     esac
 }
