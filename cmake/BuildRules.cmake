@@ -46,7 +46,6 @@ set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME texttool)
 set(TEXTTOOL_MODULE_COMPONENT_KFileMetaData kfilemetadata)
 set(TEXTTOOL_MODULE_COMPONENT_PDF pdf)
 set(TEXTTOOL_MODULE_COMPONENT_WebKit web)
-set(TEXTTOOL_MODULE_COMPONENT_KFileMetaData kfilemetadata)
 
 # What modules are made of, as a library that tests link too. Nothing of it is seen from outside of a module.
 function(add_texttool_reader name)

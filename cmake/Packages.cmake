@@ -86,12 +86,6 @@ debian_package(texttool-web text "reader of web archives for texttool"
 "The module with which texttool reads web archives: it shows a saved page
 in a web engine that nobody sees, in a sandbox, and takes its text."
     DEPENDS "texttool (= ${PROJECT_VERSION}), bubblewrap, xdg-dbus-proxy, xvfb")
-if(TARGET KFileMetaDataModule)
-    debian_package(texttool-kfilemetadata text "importers of the KDE desktop for texttool"
-"The importer with which texttool reads files of kinds that it does not know
-by itself but that KFileMetaData has a plug-in for."
-        DEPENDS "texttool (= ${PROJECT_VERSION})" RECOMMENDS "libkf5filemetadata-bin")
-endif()
 debian_package(libzorfoundation-dev libdevel "library for programs that start texttool"
 "A static library in C++20 that reads the records of texttool, with the
 values, errors, settings and paths that they are made of, its headers and

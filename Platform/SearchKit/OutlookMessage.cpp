@@ -2,9 +2,9 @@
 #include "Platform/SearchKit/OutlookMessage.h"
 
 #include "Platform/AppKit/CompoundFile/CompoundFile.h"
-#include "Platform/AppKit/CompoundFile/LittleEndian.h"
 #include "Platform/AppKit/NSDocumentAttributes.h"
 #include "Platform/AppKit/RTF/CompressedRTF.h"
+#include "Platform/Foundation/LittleEndian.h"
 #include "Platform/Foundation/NSStringEncoding.h"
 #include "Platform/Foundation/UnicodeText.h"
 
