@@ -173,4 +173,15 @@ TEST_F(Spotlight, WithoutTheLibraryOfWordsThereIsNoIndex) {
     EXPECT_EQ(logLines(result).front().find("The module “Unicode” can’t be loaded: "), 0u);
 }
 
+TEST_F(Spotlight, WithoutTheDecodersACompressedFileCannotBeAdded) {
+    fs::create_directories(path("bin"));
+    fs::create_directories(path("lib/texttool"));
+    fs::copy_file(TEXTTOOL_PROGRAM, path("bin/texttool"));
+    fs::copy_file(MODULE_FOLDER "/Unicode.so", path("lib/texttool/Unicode.so"));
+    const ToolResult result = runTool({.arguments = {"-SpotlightPath", SAMPLES_FOLDER "/Kinds/plain.txt.gz"},
+                                       .program = path("bin/texttool")});
+    EXPECT_EQ(errorOf(result.output), spotlightError(u"Error extracting document"));
+    EXPECT_NE(logLines(result).front().find("The module “Compression” can’t be loaded: "), std::string::npos);
+}
+
 } // namespace
