@@ -2,7 +2,7 @@
 #include "Platform/SearchKit/OutlookMessage.h"
 
 #include "Platform/AppKit/CompoundFile/CompoundFile.h"
-#include "Platform/AppKit/CompoundFile/LittleEndian.h"
+#include "Platform/Foundation/LittleEndian.h"
 #include "Platform/AppKit/NSDocumentAttributes.h"
 #include "Platform/AppKit/RTF/CompressedRTF.h"
 #include "Platform/Foundation/NSStringEncoding.h"

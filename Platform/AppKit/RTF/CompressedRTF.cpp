@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/AppKit/RTF/CompressedRTF.h"
 
-#include "Platform/AppKit/CompoundFile/LittleEndian.h"
+#include "Platform/Foundation/LittleEndian.h"
 
 namespace {
 
