@@ -54,6 +54,12 @@ bool hasMark(const fs::path& process, const std::string& mark) {
     return environment.find(mark) != std::string::npos;
 }
 
+bool isRemoved(const std::string& folder) {
+    std::error_code failure;
+    fs::remove_all(folder, failure);
+    return !fs::exists(folder, failure);
+}
+
 // The socket of a server that is there no more refuses connections.
 void removeDisplay(int number) {
     sockaddr_un address{};
@@ -81,8 +87,8 @@ public:
         poll(nullptr, 0, kGrace);
         for (int round = 0; round < kMostRounds && endOthers() > 0; ++round) poll(nullptr, 0, kPause);
         if (current_.display >= 0) removeDisplay(current_.display);
-        std::error_code failure;
-        if (!folder.empty()) fs::remove_all(folder, failure);
+        // The last words of a process may come in between.
+        for (int round = 0; round < kMostRounds && !isRemoved(folder); ++round) poll(nullptr, 0, kPause);
         _exit(0);
     }
 

@@ -125,6 +125,21 @@ TEST_F(WebArchives, RunScriptsOnlyWhenAsked) {
     EXPECT_EQ(textOf(file, {{"RetryWithJavaScript", "1"}}), "off\n\nnone\n----\n");
 }
 
+// While a page with scripts is read, frames that never loaded announce themselves.
+TEST_F(WebArchives, AreReadWithFramesThatNeverLoadedAndScripts) {
+    std::string html;
+    for (int i = 0; i < 7; ++i) {
+        html += "<p>text<iframe src='/frame" + std::to_string(i) +
+                "'></iframe><iframe srcdoc='<meta http-equiv=refresh content=\"0;url=/inner\">in'></iframe>"
+                "<a id=a href=/x>link</a><script>document.getElementById('a').click()</script>";
+    }
+    auto variables = preferences("{LkTextToolForceOffline=YES;}");
+    variables["RetryWithJavaScript"] = "YES";
+    const std::string text = textOf(writePage(html), variables);
+    EXPECT_EQ(text.rfind("text", 0), 0u) << text;
+    EXPECT_NE(text.find("\n----\nin"), std::string::npos) << text;
+}
+
 TEST_F(WebArchives, OfTypesThatCannotBeShownAreEmpty) {
     EXPECT_EQ(
         textOf(writeArchive(WebArchive(

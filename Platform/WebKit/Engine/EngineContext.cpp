@@ -7,8 +7,9 @@
 
 namespace {
 
-// A port that nobody listens on: what goes past the program, as web sockets and preconnections do, ends here.
-constexpr const char* kNowhere = "http://127.0.0.1:1";
+// What goes past the program, as web sockets and preconnections do, ends here: the kernel connects to no
+// address of all machines, and sends nothing.
+constexpr const char* kNowhere = "http://255.255.255.255:1";
 
 // Without players the engine would show what pages say to browsers that have none.
 constexpr const char* kStyle = "video, audio { display: none !important }";
@@ -72,10 +73,11 @@ GObjectPointer<WebKitWebContext> makeContext(const std::string& extensionFolder,
 GObjectPointer<WebKitSettings> makeSettings() {
     GObjectPointer<WebKitSettings> settings(WEBKIT_SETTINGS(g_object_new(
         WEBKIT_TYPE_SETTINGS, "enable-dns-prefetching", FALSE, "enable-html5-database", FALSE,
-        "enable-html5-local-storage", FALSE, "enable-offline-web-application-cache", FALSE,
-        "enable-page-cache", FALSE, "enable-media", FALSE, "enable-webaudio", FALSE, "enable-webgl", FALSE,
-        "enable-webrtc", FALSE, "enable-smooth-scrolling", FALSE, "javascript-can-open-windows-automatically",
-        FALSE, "hardware-acceleration-policy", WEBKIT_HARDWARE_ACCELERATION_POLICY_NEVER, nullptr)));
+        "enable-html5-local-storage", FALSE, "enable-hyperlink-auditing", FALSE,
+        "enable-offline-web-application-cache", FALSE, "enable-page-cache", FALSE, "enable-media", FALSE,
+        "enable-webaudio", FALSE, "enable-webgl", FALSE, "enable-webrtc", FALSE, "enable-smooth-scrolling",
+        FALSE, "javascript-can-open-windows-automatically", FALSE, "hardware-acceleration-policy",
+        WEBKIT_HARDWARE_ACCELERATION_POLICY_NEVER, nullptr)));
     setFeatures(settings.get());
     return settings;
 }

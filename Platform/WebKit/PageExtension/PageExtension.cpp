@@ -2,6 +2,7 @@
 //
 // The part of the engine's module that runs in the page's process: it gives every request a private scheme,
 // so that the program answers it, and reads the page when it is asked to.
+#include "Platform/WebKit/Engine/GObjectPointer.h"
 #include "Platform/WebKit/Engine/PrivateSchemes.h"
 #include "Platform/WebKit/PageExtension/MemoryWatch.h"
 #include "Platform/WebKit/PageExtension/PageScript.h"
@@ -58,7 +59,10 @@ gboolean messageReceived(WebKitWebPage* webPage, WebKitUserMessage* message, gpo
     auto& page = *static_cast<Page*>(data);
     std::string fields;
     if (page.runsScripts) {
-        for (WebKitFrame* frame : page.frames) appendFrames(page, frame, "one", fields);
+        // Looking at one frame can make others announce themselves.
+        std::vector<GObjectPointer<WebKitFrame>> frames;
+        for (WebKitFrame* frame : page.frames) frames.push_back(retained(frame));
+        for (const auto& frame : frames) appendFrames(page, frame.get(), "one", fields);
     } else {
         G_GNUC_BEGIN_IGNORE_DEPRECATIONS
         appendFrames(page, webkit_web_page_get_main_frame(webPage), "all", fields);
