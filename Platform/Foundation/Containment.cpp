@@ -44,7 +44,7 @@ struct Parent {
 
 // Of processor time; the signal's own action ends the process.
 void endAfter(std::chrono::microseconds time) {
-#ifdef __SANITIZE_ADDRESS__
+#ifdef TEXTTOOL_SANITIZED
     time *= 10; // the sanitizer's own share
 #endif
     signal(SIGPROF, SIG_DFL);

@@ -9,7 +9,7 @@
 #include <sys/syscall.h>
 #include <unistd.h>
 
-#ifndef __SANITIZE_ADDRESS__ // under which nothing is shut in
+#ifndef TEXTTOOL_SANITIZED // under which nothing is shut in
 
 namespace {
 

@@ -139,7 +139,7 @@ TEST_F(TextDocument, UnderAPathTooLongOrThroughAFileIsMissing) {
     }
 }
 
-#ifndef __SANITIZE_ADDRESS__ // which reserves more room than any limit leaves
+#ifndef TEXTTOOL_SANITIZED // which reserves more room than any limit leaves
 TEST_F(TextDocument, UnderAnyLimitOfMemoryEndsWithoutASignal) {
     std::string file = write("a.rtf", "{\\rtf1\\uc0 " + std::string(2'000'000, 'x') + "\\u1234 }");
     size_t records = 0;

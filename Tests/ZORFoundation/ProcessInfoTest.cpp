@@ -131,7 +131,7 @@ TEST(RunningProcess, OfAnotherUserIsNotSeen) {
     EXPECT_TRUE(found);
 }
 
-#ifndef __SANITIZE_ADDRESS__ // whose own checks need descriptors
+#ifndef TEXTTOOL_SANITIZED // whose own checks need descriptors
 TEST(RunningProcess, IsAnAssertionWhereTheTableCannotBeRead) {
     pid_t child = fork();
     if (child == 0) {

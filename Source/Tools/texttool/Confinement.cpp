@@ -67,7 +67,7 @@ SandboxProfile profileFor(SystemCalls calls, const NSString& path) {
 } // namespace
 
 void confine(SystemCalls calls, const NSString& path) {
-#ifndef __SANITIZE_ADDRESS__ // which needs more of the system, and more memory, than any document
+#ifndef TEXTTOOL_SANITIZED // which needs more of the system, and more memory, than any document
     setLimits(path);
     if (!showsPages(calls)) limitMemory();
     if (NSUserDefaults::standardUserDefaults().boolForKey(NSString(u"DisableSandbox"))) return;

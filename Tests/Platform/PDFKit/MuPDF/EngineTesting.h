@@ -67,7 +67,7 @@ inline std::u16string readInTime(const std::string& bytes) {
             // What cannot be read costs only itself.
         }
     }
-#ifndef __SANITIZE_ADDRESS__
+#ifndef TEXTTOOL_SANITIZED
     EXPECT_LT(secondsSoFar() - start, 2);
 #else
     EXPECT_LT(secondsSoFar() - start, 30);
