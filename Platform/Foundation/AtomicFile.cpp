@@ -46,11 +46,25 @@ std::string temporaryNameBeside(const std::string& target) {
     return folderOf(target) + name;
 }
 
+// With these permissions, or those that the process's mask leaves. They are given at once: a sandboxed
+// process may not change them any more.
+int makeTemporary(const char* name, std::optional<mode_t> mode) {
+    const mode_t mask = mode ? umask(0) : 0;
+    const int file = open(name, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode.value_or(0666));
+    const int error = errno;
+    if (mode) umask(mask);
+    errno = error;
+    return file;
+}
+
 } // namespace
 
 AtomicFile::AtomicFile(const std::string& path) : path_(path) {
     struct stat info {};
     const bool exists = stat(path.c_str(), &info) == 0;
+    // A link that the system does not follow is not followed here either.
+    if (!exists && errno != ENOENT) error_ = errno;
+    if (error_ != 0) return;
     if (exists && S_ISDIR(info.st_mode)) error_ = EISDIR;
     if (exists && !S_ISREG(info.st_mode)) return;
     std::string target;
@@ -58,7 +72,7 @@ AtomicFile::AtomicFile(const std::string& path) : path_(path) {
     if (error_ != 0 || (exists && !isSameFile(target, info))) return;
     path_ = target;
     temporary_ = temporaryNameBeside(target);
-    if (exists) mode_ = info.st_mode & 07777;
+    if (exists) mode_ = info.st_mode & 0777;
 }
 
 std::string AtomicFile::place() const {
@@ -73,11 +87,9 @@ int AtomicFile::write(std::string_view bytes) const {
         const FileDescriptor file(open(path_.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666));
         return file ? writeAll(file.get(), bytes) : errno;
     }
-    const FileDescriptor file(
-        open(temporary_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode_ ? *mode_ & 0600 : 0666));
+    const FileDescriptor file(makeTemporary(temporary_.c_str(), mode_));
     if (!file) return errno;
     int error = writeAll(file.get(), bytes);
-    if (error == 0 && mode_ && fchmod(file.get(), *mode_) != 0) error = errno;
     if (error == 0 && rename(temporary_.c_str(), path_.c_str()) != 0) error = errno;
     if (error != 0) unlink(temporary_.c_str());
     return error;

@@ -2,6 +2,7 @@
 #include "Platform/Foundation/Containment.h"
 
 #include "Platform/Foundation/FileDescriptor.h"
+#include "Platform/Sandbox/Sandbox.h"
 
 #include <cerrno>
 #include <csignal>
@@ -59,12 +60,12 @@ void endAfter(std::chrono::microseconds time) {
     // A crash here is no crash of the request, so nothing is said of it.
     for (int fatal : {SIGSEGV, SIGBUS, SIGABRT, SIGFPE, SIGILL, SIGTRAP, SIGSYS, SIGXCPU})
         signal(fatal, SIG_DFL);
-    const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
-    dup2(nowhere, STDOUT_FILENO);
-    dup2(nowhere, STDERR_FILENO);
+    const int nowhere = open("/dev/null", O_RDWR | O_CLOEXEC);
+    for (int standard : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) dup2(nowhere, standard);
     limit(RLIMIT_CORE, 0);
     endAfter(limits.processorTime);
     limit(RLIMIT_DATA, parent.data + limits.memory);
+    if (!confineToWork()) _exit(1);
     _exit(writeAll(answerPipe, work()) == 0 ? kWorkIsDone : 1);
 }
 

@@ -66,7 +66,10 @@ public:
         for (const std::string& path : paths) allow(path, rights);
     }
 
-    bool enforce() const { return fd_ && syscall(SYS_landlock_restrict_self, fd_.get(), 0) == 0; }
+    Wall enforce() const {
+        const bool stands = fd_ && syscall(SYS_landlock_restrict_self, fd_.get(), 0) == 0;
+        return stands ? Wall::stands : Wall::failed;
+    }
 
 private:
     void allow(const std::string& path, uint64_t rights) {
@@ -84,13 +87,19 @@ private:
 
 } // namespace
 
-bool closeFilesBut(const SandboxProfile& profile) {
+Wall closeFilesBut(const SandboxProfile& profile) {
     const long version = versionOfKernel();
-    if (version < 1) return false;
+    if (version < 1) return Wall::unknown;
     Ruleset rules(version, allAttributes(version));
     rules.allow(profile.readable, kRead);
     rules.allow(profile.executable, kExecute);
     rules.allow(profile.writable, kWriteFile | kExchange);
     rules.allow(profile.workspaces, kWork);
     return rules.enforce();
+}
+
+Wall closeAllToWriting() {
+    const long version = versionOfKernel();
+    if (version < 1) return Wall::unknown;
+    return Ruleset(version, {allRights(version) & ~kExecute, 0, 0}).enforce();
 }

@@ -4,42 +4,58 @@
 #include "Platform/Sandbox/Landlock.h"
 #include "Platform/Sandbox/SystemCallFilter.h"
 
+#include <optional>
 #include <sys/prctl.h>
 
 namespace {
 
-// The sandbox that the process is in and that can still become narrower.
-SandboxProfile& enteredProfile() {
-    static SandboxProfile profile{SystemCalls::reading, true, {}, {}, {}, {}};
+// The sandbox that the process is in, if any, and that can still become narrower.
+std::optional<SandboxProfile>& enteredProfile() {
+    static std::optional<SandboxProfile> profile;
     return profile;
 }
 
+bool allowsOtherPrograms() {
+    return enteredProfile() && enteredProfile()->calls == SystemCalls::startingOthers;
+}
+
+bool isNotFailed(Wall wall) { return wall != Wall::failed; }
+
 } // namespace
 
-std::string enterSandbox(const SandboxProfile& profile) {
+bool enterSandbox(const SandboxProfile& profile, std::string& missing) {
     enteredProfile() = profile;
     prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0);
-    std::string missing;
-    if (profile.closesFiles && !closeFilesBut(profile)) missing = "Landlock";
-    if (!filterSystemCalls(profile.calls)) missing += missing.empty() ? "seccomp" : " and seccomp";
-    return missing;
+    const Wall files = profile.closesFiles ? closeFilesBut(profile) : Wall::stands;
+    const Wall calls = filterSystemCalls(profile.calls);
+    missing = files == Wall::unknown ? "Landlock" : "";
+    if (calls == Wall::unknown) missing += missing.empty() ? "seccomp" : " and seccomp";
+    return isNotFailed(files) && isNotFailed(calls);
 }
 
-void renounceOtherPrograms() {
-    SandboxProfile narrower = enteredProfile();
-    if (narrower.calls != SystemCalls::startingOthers) return;
+bool renounceOtherPrograms() {
+    if (!allowsOtherPrograms()) return true;
+    SandboxProfile narrower = *enteredProfile();
     narrower.calls = SystemCalls::containing;
-    narrower.executable.swap(narrower.readable);
-    narrower.readable.insert(narrower.readable.end(), narrower.executable.begin(), narrower.executable.end());
     narrower.executable.clear();
     narrower.workspaces.clear();
-    enterSandbox(narrower);
+    std::string missing;
+    return enterSandbox(narrower, missing);
 }
 
-void confineToWorkspace(const std::string& folder) {
-    SandboxProfile narrower = enteredProfile();
-    if (narrower.calls != SystemCalls::startingOthers) return;
+void renounceAllButSleep() {
+    if (allowsOtherPrograms()) filterSystemCalls(SystemCalls::sleeping);
+}
+
+bool confineToWork() {
+    if (!enteredProfile()) return true;
+    return isNotFailed(closeAllToWriting()) && isNotFailed(filterSystemCalls(SystemCalls::reading));
+}
+
+bool confineToWorkspace(const std::string& folder) {
+    if (!allowsOtherPrograms()) return true;
+    SandboxProfile narrower = *enteredProfile();
     narrower.writable = {"/dev/null"};
     narrower.workspaces = {folder};
-    closeFilesBut(narrower);
+    return isNotFailed(closeFilesBut(narrower)) && isNotFailed(filterSystemCalls(SystemCalls::otherProgram));
 }

@@ -8,12 +8,14 @@
 #include <string>
 #include <vector>
 
-// The system calls that are left. A call that is not allowed fails with EPERM or, when it is none that
-// anybody here should know, with ENOSYS.
+// The system calls that are left. A call that is not allowed fails with ENOSYS, as one that the kernel does
+// not have, or with EPERM.
 enum class SystemCalls {
     reading,        // files, memory, threads; no process, no program, no socket
     containing,     // and child processes, which run nothing but this program
     startingOthers, // and other programs; still no socket
+    otherProgram,   // for such a program, on top of the last: no changes of attributes, no leaving its group
+    sleeping,       // for a thread that sleeps until the process ends
     showingPages,   // whatever a web engine with its own sandbox needs
     showingOffline, // the same without any network, for all of its processes
 };
@@ -23,20 +25,33 @@ struct SandboxProfile {
     // Whether files are closed but for those below. The sandbox of a web engine cannot be built inside.
     bool closesFiles = true;
     std::vector<std::string> readable;   // files, and folders with all that they hold
-    std::vector<std::string> executable; // the same; they are readable too
-    std::vector<std::string> writable;   // files that may be written; folders in which files may be made,
-                                         // exchanged and removed
-    std::vector<std::string> workspaces; // folders in which anything may be made and removed
+    std::vector<std::string> executable; // the same, for other programs; they can be read too
+    std::vector<std::string> writable;   // files that may be written; folders in and below which files may be
+                                       // made, exchanged and removed
+    std::vector<std::string>
+        workspaces; // folders in which anything may be made and removed, for other programs
 };
 
-// Enters a sandbox. What does not exist of the profile's files stays closed. Answers the names of the layers
-// that the system does not offer, "" when it has all. To be called before any thread is started.
-std::string enterSandbox(const SandboxProfile& profile);
+// What has become of a layer: the kernel may not know it.
+enum class Wall { stands, unknown, failed };
 
-// After a sandbox that allows other programs: takes back the leave to start them, and the workspaces. Does
-// nothing in another sandbox or in none.
-void renounceOtherPrograms();
+// Enters a sandbox. What does not exist of the profile's files stays closed. False when a layer that the
+// system has could not be put up; `missing` names those that it has not. To be called before any thread is
+// started.
+bool enterSandbox(const SandboxProfile& profile, std::string& missing);
+
+// After a sandbox that allows other programs: takes back the leave to start them, and all that the profile
+// opens for them. True also in another sandbox or in none, where there is nothing to take.
+bool renounceOtherPrograms();
+
+// For a thread that was there before and will only sleep now: it is not to be a way around what others
+// renounce.
+void renounceAllButSleep();
+
+// In a child that does one piece of work: no further process, and nothing can be written any more but what is
+// open.
+bool confineToWork();
 
 // In a child that is to become another program: the one workspace that is left to it. It can write nothing
-// else but /dev/null, whatever was writable before. Does nothing in another sandbox or in none.
-void confineToWorkspace(const std::string& folder);
+// else but /dev/null, whatever was writable before.
+bool confineToWorkspace(const std::string& folder);

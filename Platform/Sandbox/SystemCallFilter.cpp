@@ -3,6 +3,7 @@
 // The filters were made with the program: making one takes longer than reading a short document.
 #include "Platform/Sandbox/SystemCallFilter.h"
 
+#include <cerrno>
 #include <iterator>
 #include <linux/filter.h>
 #include <linux/seccomp.h>
@@ -23,6 +24,8 @@ sock_fprog programFor(SystemCalls calls) {
     case SystemCalls::reading: return programOf(kReadingFilter);
     case SystemCalls::containing: return programOf(kContainingFilter);
     case SystemCalls::startingOthers: return programOf(kStartingOthersFilter);
+    case SystemCalls::otherProgram: return programOf(kOtherProgramFilter);
+    case SystemCalls::sleeping: return programOf(kSleepingFilter);
     case SystemCalls::showingPages: return programOf(kShowingPagesFilter);
     case SystemCalls::showingOffline: break;
     }
@@ -31,7 +34,8 @@ sock_fprog programFor(SystemCalls calls) {
 
 } // namespace
 
-bool filterSystemCalls(SystemCalls calls) {
+Wall filterSystemCalls(SystemCalls calls) {
     const sock_fprog program = programFor(calls);
-    return syscall(SYS_seccomp, SECCOMP_SET_MODE_FILTER, 0, &program) == 0;
+    if (syscall(SYS_seccomp, SECCOMP_SET_MODE_FILTER, 0, &program) == 0) return Wall::stands;
+    return errno == ENOSYS || errno == EINVAL ? Wall::unknown : Wall::failed;
 }

@@ -31,8 +31,7 @@ std::vector<std::string> commandFor(const ImporterDescriptor& importer, const st
 class TemporaryFolder {
 public:
     TemporaryFolder() {
-        std::error_code none;
-        path_ = std::filesystem::temp_directory_path(none) / "texttool-XXXXXX";
+        path_ = fileSystemRepresentation(NSTemporaryDirectory()) + "/texttool-XXXXXX";
         if (!mkdtemp(path_.data())) path_.clear();
     }
     ~TemporaryFolder() {
@@ -52,6 +51,10 @@ private:
 bool runProgram(const ImporterDescriptor& importer, const std::string& path, std::string& output,
                 std::string& why) {
     const TemporaryFolder folder;
+    if (folder.path().empty()) {
+        why = "there is no folder for its temporary files";
+        return false;
+    }
     ProgramLimits limits;
     limits.time = importer.timeout;
     limits.folder = folder.path();
@@ -73,7 +76,10 @@ std::string callLibrary(const std::string& file, const std::string& path) {
 
 bool runLibrary(const ImporterDescriptor& importer, const std::string& path, std::string& output,
                 std::string& why) {
-    renounceOtherPrograms();
+    if (!renounceOtherPrograms()) {
+        why = "its sandbox cannot be entered";
+        return false;
+    }
     ContainmentLimits limits;
     limits.processorTime = limits.wallTime = importer.timeout;
     if (!runContained([&] { return callLibrary(importer.module, path); }, output, limits)) {

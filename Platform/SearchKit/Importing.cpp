@@ -62,7 +62,10 @@ ImportStatus import(ImportedFile& file, const std::string& type,
         importers().registry.importerForTypes(importers().kinds.lineage(type), isUsable);
     if (importer && importer->type != ImporterDescriptor::Type::builtin)
         return runForeignImporter(*importer, file, text, why);
-    renounceOtherPrograms();
+    if (!renounceOtherPrograms()) {
+        why = u"the sandbox of its importer cannot be entered";
+        return ImportStatus::failed;
+    }
     const bool isKnown = !type.empty() && !file.isFolder();
     const std::string_view reader = importer ? importer->reader : readerByContent(file, isKnown);
     return reader.empty() ? ImportStatus::read : importBuiltin(reader, file, text, why);
@@ -72,19 +75,28 @@ ImportStatus import(ImportedFile& file, const std::string& type,
 
 void loadImporters() { importers(); }
 
-std::vector<std::string> foldersOfImporting() {
-    std::vector<std::string> folders = programFolders();
+std::vector<std::string> filesOfImporting() {
+    std::vector<std::string> files;
     for (const std::string& data : dataFolders()) {
-        folders.push_back(data + "/mime");
-        folders.push_back(data + "/texttool");
+        files.push_back(data + "/mime");
+        files.push_back(data + "/texttool");
     }
     for (const ImporterDescriptor& importer : importers().registry.importers()) {
-        for (const std::string& file :
-             {importer.module, importer.command.empty() ? "" : importer.command[0]}) {
-            if (file[0] == '/') folders.push_back(file.substr(0, file.rfind('/')));
+        if (!importer.module.empty()) files.push_back(importer.module);
+    }
+    return files;
+}
+
+std::vector<std::string> programsOfImporting() {
+    std::vector<std::string> programs;
+    for (const ImporterDescriptor& importer : importers().registry.importers()) {
+        for (const std::string& name :
+             {importer.command.empty() ? "" : importer.command[0], importer.needed}) {
+            const std::string file = name.empty() ? "" : programFile(name);
+            if (!file.empty() && !file.starts_with("/usr/")) programs.push_back(file);
         }
     }
-    return folders;
+    return programs;
 }
 
 bool importDocument(const NSString& path, const NSString& mimeType, std::u16string& text) {

@@ -12,9 +12,12 @@
 // Looks up what importers and kinds of files there are on the system, once.
 void loadImporters();
 
-// The folders that reading a document may still need then: of the kinds of files, and of the programs and
-// libraries that the importers are. They need not exist.
-std::vector<std::string> foldersOfImporting();
+// What reading a document may still need then: the folders of kinds of files and of importers, and libraries
+// that importers are. They need not exist.
+std::vector<std::string> filesOfImporting();
+
+// The programs that importers are, wherever they are found.
+std::vector<std::string> programsOfImporting();
 
 // Appends the text of the document, nothing when no importer knows its kind. False when the document cannot
 // be opened or the built-in reader for its kind cannot be loaded; an importer that fails costs only the text,

@@ -40,10 +40,8 @@ void limit(__rlimit_resource resource, uint64_t value) {
     sigset_t none;
     sigemptyset(&none);
     sigprocmask(SIG_SETMASK, &none, nullptr);
-    if (!limits.folder.empty()) {
-        setenv("TMPDIR", limits.folder.c_str(), 1);
-        confineToWorkspace(limits.folder);
-    }
+    if (!limits.folder.empty()) setenv("TMPDIR", limits.folder.c_str(), 1);
+    if (!confineToWorkspace(limits.folder)) _exit(kNotStarted);
     limit(RLIMIT_CORE, 0);
     limit(RLIMIT_CPU, uint64_t(limits.time.count()));
     limit(RLIMIT_AS, limits.memory);

@@ -86,7 +86,7 @@ protected:
     std::string secret_;
 };
 
-TEST_F(Sandbox, LeavesReadersNoNetwork) { EXPECT_EQ(attempts("connect\nresolve\n"), "EPERM\nunknown\n"); }
+TEST_F(Sandbox, LeavesReadersNoNetwork) { EXPECT_EQ(attempts("connect\nresolve\n"), "ENOSYS\nunknown\n"); }
 
 TEST_F(Sandbox, LeavesReadersNoFilesButTheirDocument) {
     EXPECT_EQ(attempts("read " + secret_ + "\nread /etc/passwd\nread " + path("commands.html") + "\n"),
@@ -98,13 +98,32 @@ TEST_F(Sandbox, LeavesReadersNoFilesButTheirDocument) {
 }
 
 TEST_F(Sandbox, LeavesReadersNoProgramsAndNoOtherProcesses) {
-    EXPECT_EQ(attempts("execute /bin/true\nfork\ntrace\nsignal\n"), "ENOSYS\nENOSYS\nEPERM\nENOSYS\n");
+    EXPECT_EQ(attempts("execute /bin/true\nfork\ntrace\nsignal\nlimit\nleave\n"),
+              "ENOSYS\nENOSYS\nENOSYS\nENOSYS\nENOSYS\nENOSYS\n");
 }
 
 TEST_F(Sandbox, KeepsStandardOutputForTheRecord) {
     const ToolResult result = run("HTMLPath", write("commands.html", "print\n"));
     EXPECT_EQ(stringIn(recordOf(result.output), u"string"), "done\n");
     EXPECT_EQ(result.errors, "rubbish");
+}
+
+TEST_F(Sandbox, LeavesReadersNoCallsThatReachBeyondTheProcess) {
+    EXPECT_EQ(attempts("type\nchmod " + path("commands.html") + "\nshare\n"), "ENOSYS\nENOSYS\nENOSYS\n");
+}
+
+TEST_F(Sandbox, LeavesReadersNothingThatTheHostHadOpen) {
+    const std::string file = write("commands.html", "inherit\n");
+    const std::string script = "exec 9<\"$1\"; exec \"$0\" -HTMLPath \"$2\"";
+    const ToolResult result =
+        runTool({.arguments = {"-c", script, path("bin/texttool"), secret_, file}, .program = "sh"});
+    EXPECT_EQ(stringIn(recordOf(result.output), u"string"), "EBADF\n");
+}
+
+TEST_F(Sandbox, LeavesBuiltInImportersWhatReadersHave) {
+    const std::string file =
+        write("commands.html", "read " + secret_ + "\nread /etc/passwd\nmake /tmp/texttool-test-file\n");
+    EXPECT_EQ(stringIn(recordOf(run("SpotlightPath", file).output), u"string"), "eacces ");
 }
 
 TEST_F(Sandbox, LeavesThePlaceOfTheRecordAlone) {
@@ -125,7 +144,7 @@ TEST_F(Sandbox, HasTheOtherWallWhereTheKernelLacksOne) {
                         .program = WITHOUT_CALL_PROGRAM});
     };
     const ToolResult withoutLandlock = on("landlock");
-    EXPECT_EQ(stringIn(recordOf(withoutLandlock.output), u"string"), "done\nEPERM\n");
+    EXPECT_EQ(stringIn(recordOf(withoutLandlock.output), u"string"), "done\nENOSYS\n");
     EXPECT_EQ(logLines(withoutLandlock),
               std::vector<std::string>{"The system offers no Landlock: the sandbox is without it"});
     const ToolResult withoutFilter = on("seccomp");
@@ -142,11 +161,14 @@ TEST_F(Sandbox, CanBeSwitchedOffToLookForFaults) {
 
 TEST_F(Sandbox, HoldsImportersInLibraries) {
     describe("Type=module\nModule=" HOSTILE_IMPORTER "\n");
-    EXPECT_EQ(imported("connect\n"), "eperm ");
+    EXPECT_EQ(imported("connect\n"), "enosys ");
     EXPECT_EQ(imported("read " + secret_ + "\n"), "eacces ");
     EXPECT_EQ(imported("make " + path("new") + "\n"), "eacces ");
     EXPECT_EQ(imported("make /tmp/texttool-test-file\n"), "eacces ");
-    EXPECT_EQ(imported("execute /bin/true\n"), "eperm ");
+    EXPECT_EQ(imported("read /etc/passwd\n"), "eacces ");
+    for (const char* call : {"fork", "signal", "limit", "leave", "type", "share"})
+        EXPECT_EQ(imported(std::string(call) + "\n"), "enosys ") << call;
+    EXPECT_EQ(imported("execute /bin/true\n"), "enosys ");
 }
 
 TEST_F(Sandbox, HoldsImportersThatArePrograms) {
@@ -156,7 +178,9 @@ TEST_F(Sandbox, HoldsImportersThatArePrograms) {
     EXPECT_EQ(imported("write " + secret_ + "\n"), "eacces ");
     EXPECT_EQ(imported("make " + path("new") + "\n"), "eacces ");
     EXPECT_EQ(imported("execute /bin/true\n"), "done ");
-    EXPECT_EQ(imported("trace\n"), "eperm ");
+    EXPECT_EQ(imported("chmod " + secret_ + "\n"), "eperm ");
+    for (const char* call : {"trace", "limit", "leave", "type"})
+        EXPECT_EQ(imported(std::string(call) + "\n"), "eperm ") << call;
 }
 
 // Root is bound by no number of processes, so this is somebody else's request.
@@ -196,7 +220,7 @@ TEST_F(Sandbox, ClosesProgramsToBuiltInImporters) {
     EXPECT_EQ(imported("execute /bin/true\n"), "bin execute true "); // as plain text: nothing is obeyed
     const ToolResult result =
         run("SpotlightPath", write("commands.html", "execute /bin/true\nread " + secret_ + "\n"));
-    EXPECT_EQ(stringIn(recordOf(result.output), u"string"), "eacces eperm ");
+    EXPECT_EQ(stringIn(recordOf(result.output), u"string"), "eacces enosys ");
 }
 
 TEST_F(Sandbox, ReadersThatAbortLeaveTheAnnotationAndTheFormerOutput) {
@@ -240,13 +264,24 @@ TEST_F(Sandbox, LargeRecordsEndInAnErrorThatNamesTheLimit) {
 }
 
 TEST_F(Sandbox, ImportersThatMisbehaveCostOnlyTheirText) {
-    describe("Type=module\nTimeout=1\nModule=" HOSTILE_IMPORTER "\n");
-    for (const char* command : {"abort", "recurse", "exhaust", "loop"}) {
-        const ToolResult result = run("SpotlightPath", write("commands.example", command));
-        EXPECT_EQ(result.status, 0);
-        EXPECT_EQ(stringIn(recordOf(result.output), u"string"), "") << command;
-        EXPECT_EQ(logLines(result).size(), 1u);
+    for (const char* importer : {"Type=module\nTimeout=1\nModule=" HOSTILE_IMPORTER "\n",
+                                 "Type=exec\nTimeout=1\nExec=" HOSTILE_PROGRAM " %f\n"}) {
+        describe(importer);
+        for (const char* command : {"abort", "recurse", "exhaust", "loop"}) {
+            const ToolResult result = run("SpotlightPath", write("commands.example", command));
+            EXPECT_EQ(result.status, 0);
+            EXPECT_EQ(stringIn(recordOf(result.output), u"string"), "") << command;
+            EXPECT_EQ(logLines(result).size(), 1u);
+        }
     }
+}
+
+TEST_F(Sandbox, ProgramsThatCannotHaveAFolderAreNotStarted) {
+    describe("Type=exec\nExec=" HOSTILE_PROGRAM " %f\n");
+    const ToolResult result =
+        run("SpotlightPath", write("commands.example", "print\n"), {{"TMPDIR", path("nowhere")}});
+    EXPECT_EQ(stringIn(recordOf(result.output), u"string"), "");
+    EXPECT_EQ(logLines(result).size(), 1u);
 }
 
 } // namespace

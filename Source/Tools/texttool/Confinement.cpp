@@ -4,6 +4,7 @@
 #include "Platform/Foundation/AtomicFile.h"
 #include "Platform/Foundation/Module.h"
 #include "Platform/Foundation/NSDebug.h"
+#include "Platform/Foundation/NSException.h"
 #include "Platform/Foundation/NSPathUtilities.h"
 #include "Platform/Foundation/NSProcessInfo.h"
 #include "Platform/Foundation/NSUserDefaults.h"
@@ -11,24 +12,18 @@
 #include "Source/Tools/texttool/Limits.h"
 #include "Source/Tools/texttool/Report.h"
 
-#include <cstdlib>
+#include <iterator>
 
 namespace {
 
 // Libraries and their data, and what the C library looks up by itself.
 constexpr const char* kSystemFiles[] = {"/usr", "/etc/ld.so.cache", "/etc/localtime"};
 
-// What programs expect beside that: an interpreter's settings, commands, devices without contents.
-constexpr const char* kProgramFiles[] = {"/bin",      "/sbin",     "/opt",        "/etc",
-                                         "/dev/null", "/dev/zero", "/dev/urandom"};
+// What programs expect beside that: settings of interpreters, devices without contents.
+constexpr const char* kProgramFiles[] = {"/usr", "/etc", "/dev/null", "/dev/zero", "/dev/urandom"};
 
 void append(std::vector<std::string>& list, const std::vector<std::string>& more) {
     list.insert(list.end(), more.begin(), more.end());
-}
-
-std::string workspace() {
-    const char* folder = getenv("TMPDIR");
-    return folder && folder[0] == '/' ? folder : "/tmp";
 }
 
 // A child prints nothing, and its limits begin where the process stands.
@@ -40,10 +35,10 @@ void allowChildren(SandboxProfile& profile) {
 // Importers are chosen by what the document is: until then any that somebody has put there may be the one.
 void allowImporters(SandboxProfile& profile) {
     loadImporters();
-    append(profile.readable, foldersOfImporting());
-    profile.executable.swap(profile.readable);
-    profile.executable.insert(profile.executable.end(), std::begin(kProgramFiles), std::end(kProgramFiles));
-    profile.workspaces.push_back(workspace());
+    append(profile.readable, filesOfImporting());
+    profile.executable.assign(std::begin(kProgramFiles), std::end(kProgramFiles));
+    append(profile.executable, programsOfImporting());
+    profile.workspaces.push_back(fileSystemRepresentation(NSTemporaryDirectory()));
 }
 
 bool showsPages(SystemCalls calls) {
@@ -67,12 +62,16 @@ SandboxProfile profileFor(SystemCalls calls, const NSString& path) {
 } // namespace
 
 void confine(SystemCalls calls, const NSString& path) {
-#ifndef TEXTTOOL_SANITIZED // which needs more of the system, and more memory, than any document
     setLimits(path);
+#ifndef TEXTTOOL_SANITIZED // which needs more of the system, and more memory, than any document
     if (!showsPages(calls)) limitMemory();
     if (NSUserDefaults::standardUserDefaults().boolForKey(NSString(u"DisableSandbox"))) return;
     NSLogOpen();
-    const std::string missing = enterSandbox(profileFor(calls, path));
+    std::string missing;
+    if (!enterSandbox(profileFor(calls, path), missing))
+        NSException(NSInternalInconsistencyException, u"The sandbox cannot be entered").raise();
     if (!missing.empty()) debugLog("The system offers no %s: the sandbox is without it", missing.c_str());
+#else
+    (void)calls;
 #endif
 }

@@ -106,6 +106,7 @@ void setLimits(const NSString& path) {
     documentPath() = path;
     limitProcessorTime(kProcessorTime.value());
     limitTo(RLIMIT_NOFILE, kOpenFiles.value(), 0);
+    limitTo(RLIMIT_FSIZE, kOutput.value() * kMiB, kMiB); // and the record of an error
     limitProcesses(kProcesses.value());
 }
 

@@ -6,6 +6,7 @@
 #include "Platform/Foundation/NSPathUtilities.h"
 #include "Platform/Foundation/NSThread.h"
 #include "Platform/Foundation/UnicodeText.h"
+#include "Platform/Sandbox/Sandbox.h"
 
 #include <string>
 
@@ -16,6 +17,7 @@ public:
     // The body of the parked thread: takes the name and sleeps until the process ends.
     [[noreturn]] static void logString(const NSString& text) {
         NSThread::setName(text);
+        renounceAllButSleep();
         for (;;) NSThread::sleepForTimeInterval(60);
     }
 };

@@ -3,13 +3,13 @@
 #include "Platform/Foundation/NSNumber.h"
 #include "Platform/WebKit/WebPreferences.h"
 #include "Source/Tools/texttool/Extractors.h"
-#include "Source/Tools/texttool/Limits.h"
 #include "Source/Tools/texttool/MarkDocument.h"
 #include "Source/Tools/texttool/Report.h"
 #include "ZORFoundation/Source/NSError+ZOR.h"
 #include "ZORFoundation/Source/NSString+ZORFilesBasics.h"
 
 #include <cerrno>
+#include <new>
 
 namespace {
 
@@ -46,14 +46,10 @@ NSAttributedString readWithRetry(NSMutableDictionary& options, NSError* error, c
     return text;
 }
 
-// A read that failed for want of memory has met a limit, and the error is to name it.
-void reportReadError(const NSError& error) {
+// A read that failed for want of memory has met a limit, and ends the request.
+void raiseForMemory(const NSError& error) {
     const NSError underlying = error.userInfo().get<NSError>(NSString(NSUnderlyingErrorKey));
-    if (underlying && underlying == NSError::posix(ENOMEM)) {
-        reportWantOfMemory();
-    } else {
-        reportError(error);
-    }
+    if (underlying && underlying == NSError::posix(ENOMEM)) throw std::bad_alloc();
 }
 
 } // namespace
@@ -73,7 +69,8 @@ void handlePath(const NSString& path, const NSString& documentType) {
     NSError error;
     NSAttributedString text = readDocument(path, documentType, &attributes, &error, false);
     if (!text) {
-        reportReadError(withPathOfDocument(error, path));
+        raiseForMemory(error);
+        reportError(withPathOfDocument(error, path));
         return;
     }
     reportSuccess(path, text.string(), attributes.objectForKey(NSString(NSTitleDocumentAttribute)),
@@ -98,8 +95,10 @@ NSAttributedString readDocument(const NSString& path, const NSString& documentTy
 NSData dataFromPath(const NSString& path) {
     NSError error;
     NSData data = NSData::dataWithContentsOfFile(path, NSDataReadingUncached, &error);
-    if (!data) reportReadError(error);
-    return data;
+    if (data) return data;
+    raiseForMemory(error);
+    reportError(error);
+    return nullptr;
 }
 
 NSError withPathOfDocument(const NSError& error, const NSString& path) {

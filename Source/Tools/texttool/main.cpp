@@ -8,6 +8,7 @@
 #include "Platform/Foundation/NSException.h"
 #include "Platform/Foundation/NSFileHandle.h"
 #include "Platform/Foundation/NSLog.h"
+#include "Platform/Foundation/NSProcessInfo.h"
 #include "Platform/Foundation/NSUserDefaults.h"
 #include "Platform/Foundation/StringFormat.h"
 #include "Source/Tools/texttool/Dispatch.h"
@@ -16,7 +17,9 @@
 #include "Source/Tools/texttool/Settings.h"
 
 #include <csignal>
+#include <fcntl.h>
 #include <new>
+#include <unistd.h>
 
 namespace {
 
@@ -26,6 +29,24 @@ void answerWithoutMemory() try { reportWantOfMemory(); } catch (const std::bad_a
     writeAll(STDERR_FILENO, "texttool: there is not enough memory for the record\n");
 }
 
+// Whether the request names an open file of this process: as the document, or for the record.
+bool namesOpenFile(const NSString& text) {
+    const std::u16string& path = text.text();
+    return path.find(u"/fd/") != path.npos || path.find(u"/dev/std") != path.npos;
+}
+
+// What the host left open is none of the document's business.
+void closeInheritedFiles() {
+    if (fcntl(STDERR_FILENO, F_GETFD) < 0)
+        dup2(FileDescriptor(open("/dev/null", O_RDWR)).get(), STDERR_FILENO);
+    for (const NSString& argument : NSProcessInfo::processInfo().arguments()) {
+        if (namesOpenFile(argument)) return;
+    }
+    if (NSString output = outputPath(); output && namesOpenFile(output)) return;
+    close_range(STDERR_FILENO + 1, ~0U, 0);
+    dup2(FileDescriptor(open("/dev/null", O_RDWR)).get(), STDIN_FILENO);
+}
+
 } // namespace
 
 int main(int, const char**) {
@@ -33,6 +54,7 @@ int main(int, const char**) {
     // A reader that has gone and a file at its limit are failed writes, not ends of the process.
     signal(SIGPIPE, SIG_IGN);
     signal(SIGXFSZ, SIG_IGN);
+    closeInheritedFiles();
     if (!outputPath()) NSFileHandle::reserveStandardOutput();
     NSApplicationLoad();
     try {

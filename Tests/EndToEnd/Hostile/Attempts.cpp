@@ -11,7 +11,10 @@
 #include <netdb.h>
 #include <new>
 #include <spawn.h>
+#include <sys/ioctl.h>
+#include <sys/mman.h>
 #include <sys/ptrace.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -102,6 +105,19 @@ std::string attempt(const std::string& command) {
     if (verb == "breed") return outcome(breeds());
     if (verb == "trace") return outcome(ptrace(PTRACE_ATTACH, getppid(), nullptr, nullptr) == 0);
     if (verb == "signal") return outcome(kill(getppid(), 0) == 0);
+    if (verb == "limit") {
+        const rlimit second{1, 1};
+        return outcome(prlimit(getppid(), RLIMIT_CPU, &second, nullptr) == 0);
+    }
+    if (verb == "type") return outcome(ioctl(STDIN_FILENO, TIOCSTI, "x") == 0);
+    if (verb == "chmod") return outcome(chmod(path.c_str(), 0777) == 0);
+    if (verb == "leave") return outcome(setsid() > 0);
+    if (verb == "share") {
+        const void* memory =
+            mmap(nullptr, 1 << 20, PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
+        return outcome(memory != MAP_FAILED);
+    }
+    if (verb == "inherit") return outcome(fcntl(9, F_GETFD) >= 0);
     if (verb == "print") return outcome(write(STDOUT_FILENO, "rubbish", 7) == 7);
     if (verb == "exhaust") exhaustMemory();
     while (verb == "loop" && goesOn) continue;

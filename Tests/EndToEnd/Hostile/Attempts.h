@@ -5,7 +5,6 @@
 
 #include <string>
 
-// Does what a command says: "connect", "resolve", "read PATH", "write PATH", "make PATH", "remove PATH",
-// "execute PATH", "fork", "breed", "trace", "signal", "print", "exhaust memory", "fill memory", "loop",
-// "recurse", "abort". Answers what came of it, "done" or the system's reason, as far as it returns at all.
+// Does what a command says and answers what came of it, "done" or the system's reason, as far as it returns
+// at all. The commands are the verbs of attempt() in the source, some of them with a path behind.
 std::string attempt(const std::string& command);
