@@ -37,6 +37,12 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
 
     const NSURL url = NSURL::URLWithString(NSString(text), NSURL::URLWithString(NSString(base)));
     require(url.absoluteString().isEqualToString(NSString(resolved)));
+    // Changes of the path leave what stands around it.
+    for (const NSURL& changed : {URLByDeletingPathExtension(url), URLByAppendingPathExtension(url, u"txt"),
+                                 URLByStandardizingPath(url)}) {
+        const NSString whole = changed.absoluteString();
+        require(parts.scheme.empty() || URLParts::of(whole.text()).scheme == parts.scheme);
+    }
     if (!url.isFileURL() || !url.path()) return 0;
     require(lastPathComponent(URLByAppendingPathComponent(url, u"a ?#%")).isEqualToString(u"a ?#%"));
     if (const auto file = fileSystemRepresentation(url)) require(file->find('\0') == file->npos);
