@@ -6,13 +6,12 @@
 #include "Platform/Foundation/Containment.h"
 #include "Platform/Foundation/NSPathUtilities.h"
 #include "Platform/Foundation/StringFormat.h"
+#include "Platform/Foundation/TemporaryFolder.h"
 #include "Platform/Sandbox/Sandbox.h"
 #include "Platform/SearchKit/ImporterModule.h"
 #include "Platform/SearchKit/ProgramOutput.h"
 
-#include <cstdlib>
 #include <dlfcn.h>
-#include <filesystem>
 #include <unistd.h>
 
 namespace {
@@ -28,36 +27,32 @@ std::vector<std::string> commandFor(const ImporterDescriptor& importer, const st
 }
 
 // Made for one program, and gone with all that it left there.
-class TemporaryFolder {
+class Workspace {
 public:
-    TemporaryFolder() {
-        path_ = fileSystemRepresentation(NSTemporaryDirectory()) + "/texttool-XXXXXX";
-        if (!mkdtemp(path_.data())) path_.clear();
+    Workspace() : folder_(makeTemporaryFolder(fileSystemRepresentation(NSTemporaryDirectory()))) {}
+    ~Workspace() {
+        if (!folder_.empty()) removeFolder(folder_);
     }
-    ~TemporaryFolder() {
-        std::error_code ignored; // what cannot be removed is left to the system's cleaning
-        if (!path_.empty()) std::filesystem::remove_all(path_, ignored);
-    }
-    TemporaryFolder(const TemporaryFolder&) = delete;
-    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+    Workspace(const Workspace&) = delete;
+    Workspace& operator=(const Workspace&) = delete;
 
     // "" when there is none to be had.
-    const std::string& path() const { return path_; }
+    const std::string& folder() const { return folder_; }
 
 private:
-    std::string path_;
+    std::string folder_;
 };
 
 bool runProgram(const ImporterDescriptor& importer, const std::string& path, std::string& output,
                 std::string& why) {
-    const TemporaryFolder folder;
-    if (folder.path().empty()) {
+    const Workspace workspace;
+    if (workspace.folder().empty()) {
         why = "there is no folder for its temporary files";
         return false;
     }
     ProgramLimits limits;
     limits.time = importer.timeout;
-    limits.folder = folder.path();
+    limits.folder = workspace.folder();
     return readProgramOutput(commandFor(importer, path), limits, output, why);
 }
 

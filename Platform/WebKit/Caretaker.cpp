@@ -2,6 +2,7 @@
 #include "Platform/WebKit/Caretaker.h"
 
 #include "Platform/Foundation/NSPathUtilities.h"
+#include "Platform/Foundation/TemporaryFolder.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -9,16 +10,13 @@
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
+#include <dirent.h>
+#include <memory>
 #include <poll.h>
 #include <sys/socket.h>
 #include <sys/un.h>
 
 namespace {
-
-namespace fs = std::filesystem;
 
 constexpr const char* kMark = "TEXTTOOL_CARETAKER";
 
@@ -34,8 +32,8 @@ double now() {
 std::string makeFolder() {
     for (const std::string& place :
          {fileSystemRepresentation(NSTemporaryDirectory()), std::string("/tmp"), std::string("/dev/shm")}) {
-        std::string folder = place + "/texttool-XXXXXX";
-        if (mkdtemp(folder.data())) return folder;
+        const std::string folder = makeTemporaryFolder(place);
+        if (!folder.empty()) return folder;
     }
     return {};
 }
@@ -48,17 +46,18 @@ std::string markOfThisProcess() {
 }
 
 // Of processes that have gone, or belong to others, nothing can be read.
-bool hasMark(const fs::path& process, const std::string& mark) {
-    std::ifstream file(process / "environ", std::ios::binary);
-    const std::string environment((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+bool hasMark(const char* process, const std::string& mark) {
+    const FileDescriptor file = openForReading(std::string("/proc/") + process + "/environ");
+    std::string environment;
+    char piece[4096];
+    for (ssize_t count = 0; (count = read(file.get(), piece, sizeof piece)) > 0;)
+        environment.append(piece, size_t(count));
     return environment.find(mark) != std::string::npos;
 }
 
-bool isRemoved(const std::string& folder) {
-    std::error_code failure;
-    fs::remove_all(folder, failure);
-    return !fs::exists(folder, failure);
-}
+struct CloseDirectory {
+    void operator()(DIR* directory) const { closedir(directory); }
+};
 
 // The socket of a server that is there no more refuses connections.
 void removeDisplay(int number) {
@@ -88,7 +87,7 @@ public:
         for (int round = 0; round < kMostRounds && endOthers() > 0; ++round) poll(nullptr, 0, kPause);
         if (current_.display >= 0) removeDisplay(current_.display);
         // The last words of a process may come in between.
-        for (int round = 0; round < kMostRounds && !isRemoved(folder); ++round) poll(nullptr, 0, kPause);
+        for (int round = 0; round < kMostRounds && !removeFolder(folder); ++round) poll(nullptr, 0, kPause);
         _exit(0);
     }
 
@@ -119,10 +118,10 @@ private:
     // How many there were.
     int endOthers() const {
         int count = 0;
-        std::error_code failure;
-        for (const auto& entry : fs::directory_iterator("/proc", failure)) {
-            const pid_t process = atoi(entry.path().filename().c_str());
-            if (process <= 0 || process == owner_ || !hasMark(entry.path(), mark_)) continue;
+        const std::unique_ptr<DIR, CloseDirectory> processes(opendir("/proc"));
+        while (const dirent* entry = processes ? readdir(processes.get()) : nullptr) {
+            const pid_t process = atoi(entry->d_name);
+            if (process <= 0 || process == owner_ || !hasMark(entry->d_name, mark_)) continue;
             kill(process, SIGKILL);
             ++count;
         }
