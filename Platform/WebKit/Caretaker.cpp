@@ -107,7 +107,10 @@ private:
             const double left = std::clamp(current_.endOthersAt - now(), 0.0, 1e6);
             pollfd waited{orders_, POLLIN, 0};
             const int count = poll(&waited, 1, current_.endOthersAt > 0 ? int(left * 1000) + 1 : -1);
-            if (count > 0 && read(orders_, &current_, sizeof current_) == 0) return;
+            Orders orders;
+            const ssize_t length = count > 0 ? read(orders_, &orders, sizeof orders) : -1;
+            if (length == 0) return;
+            if (length == sizeof orders) current_ = orders;
             if (count == 0 && left == 0) {
                 endOthers();
                 current_.endOthersAt = 0;
