@@ -31,7 +31,7 @@ def machine():
     with open('/proc/meminfo') as file:
         memory = int(re.search(r'MemTotal:\s*(\d+)', file.read())[1]) / MIB
     return '%s, %d processors, %.0f GiB; Linux %s' % (
-        model[1] if model else platform.machine(), os.cpu_count(), memory, platform.release())
+        model[1] if model else platform.machine(), os.cpu_count(), memory, platform.release().partition('-')[0])
 
 
 class Page:

@@ -5,6 +5,7 @@
 
 #include <cerrno>
 #include <fcntl.h>
+#include <poll.h>
 #include <string>
 #include <string_view>
 #include <unistd.h>
@@ -37,11 +38,17 @@ inline FileDescriptor openForReading(const std::string& path) {
     return FileDescriptor(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
 }
 
-// Writes all of it, in as many pieces as the system wants. 0 or the system's error.
+// Writes all of it, in as many pieces as the system wants, and waits for room where somebody made the other
+// end not block. 0 or the system's error.
 inline int writeAll(int fd, std::string_view bytes) {
     while (!bytes.empty()) {
         const ssize_t written = write(fd, bytes.data(), bytes.size());
         if (written < 0 && errno == EINTR) continue;
+        if (written < 0 && errno == EAGAIN) {
+            pollfd room{fd, POLLOUT, 0};
+            poll(&room, 1, -1);
+            continue;
+        }
         if (written < 0) return errno;
         bytes.remove_prefix(size_t(written));
     }

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Foundation/NSFileHandle.h"
 
+#include "Platform/Foundation/FileDescriptor.h"
 #include "Platform/Foundation/NSError.h"
 #include "Platform/Foundation/NSException.h"
 #include "Platform/Foundation/StringFormat.h"
 
 #include <cerrno>
 #include <fcntl.h>
-#include <poll.h>
 #include <unistd.h>
 
 namespace {
@@ -35,19 +35,7 @@ NSFileHandle& NSFileHandle::fileHandleWithStandardOutput() {
 
 void NSFileHandle::writeData(const NSData& data) {
     if (fd_ < 0) raiseFor("writeData:", EBADF);
-    std::string_view bytes = data.bytes();
-    while (!bytes.empty()) {
-        ssize_t written = write(fd_, bytes.data(), bytes.size());
-        if (written < 0 && errno == EINTR) continue;
-        if (written < 0 && errno == EAGAIN) {
-            pollfd ready{fd_, POLLOUT,
-                         0}; // somebody made the other end not block: wait for room all the same
-            poll(&ready, 1, -1);
-            continue;
-        }
-        if (written < 0) raiseFor("writeData:", errno);
-        bytes.remove_prefix(size_t(written));
-    }
+    if (int error = writeAll(fd_, data.bytes())) raiseFor("writeData:", error);
 }
 
 void NSFileHandle::closeFile() {

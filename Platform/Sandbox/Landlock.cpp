@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Platform/Sandbox/Landlock.h"
 
-#include "Platform/Foundation/FileDescriptor.h"
-
 #include <algorithm>
 #include <cstdint>
 #include <fcntl.h>
@@ -59,30 +57,37 @@ size_t sizeFor(long version) {
 class Ruleset {
 public:
     Ruleset(long version, const RulesetAttributes& attributes) : handled_(attributes.files) {
-        fd_ = FileDescriptor(int(syscall(SYS_landlock_create_ruleset, &attributes, sizeFor(version), 0)));
+        fd_ = int(syscall(SYS_landlock_create_ruleset, &attributes, sizeFor(version), 0));
     }
+    ~Ruleset() {
+        if (fd_ >= 0) close(fd_);
+    }
+    Ruleset(const Ruleset&) = delete;
+    Ruleset& operator=(const Ruleset&) = delete;
 
     void allow(const std::vector<std::string>& paths, uint64_t rights) {
         for (const std::string& path : paths) allow(path, rights);
     }
 
     Wall enforce() const {
-        const bool stands = fd_ && syscall(SYS_landlock_restrict_self, fd_.get(), 0) == 0;
+        const bool stands = fd_ >= 0 && syscall(SYS_landlock_restrict_self, fd_, 0) == 0;
         return stands ? Wall::stands : Wall::failed;
     }
 
 private:
     void allow(const std::string& path, uint64_t rights) {
-        const FileDescriptor file(open(path.c_str(), O_PATH | O_CLOEXEC));
+        const int file = open(path.c_str(), O_PATH | O_CLOEXEC);
+        if (file < 0) return;
         struct stat info {};
-        if (!file || fstat(file.get(), &info) != 0) return;
+        fstat(file, &info);
         rights &= S_ISDIR(info.st_mode) ? handled_ : handled_ & kOfFiles;
-        const landlock_path_beneath_attr rule{rights, file.get()};
-        syscall(SYS_landlock_add_rule, fd_.get(), LANDLOCK_RULE_PATH_BENEATH, &rule, 0);
+        const landlock_path_beneath_attr rule{rights, file};
+        syscall(SYS_landlock_add_rule, fd_, LANDLOCK_RULE_PATH_BENEATH, &rule, 0);
+        close(file);
     }
 
     uint64_t handled_;
-    FileDescriptor fd_;
+    int fd_;
 };
 
 } // namespace

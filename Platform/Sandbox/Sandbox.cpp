@@ -24,12 +24,12 @@ bool isNotFailed(Wall wall) { return wall != Wall::failed; }
 } // namespace
 
 bool enterSandbox(const SandboxProfile& profile, std::string& missing) {
-    enteredProfile() = profile;
     prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0);
     const Wall files = profile.closesFiles ? closeFilesBut(profile) : Wall::stands;
     const Wall calls = filterSystemCalls(profile.calls);
     missing = files == Wall::unknown ? "Landlock" : "";
     if (calls == Wall::unknown) missing += missing.empty() ? "seccomp" : " and seccomp";
+    enteredProfile() = profile;
     return isNotFailed(files) && isNotFailed(calls);
 }
 

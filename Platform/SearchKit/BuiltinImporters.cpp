@@ -27,8 +27,9 @@ ImportStatus outcomeOf(ReadStatus status, NSString& why) {
     case ReadStatus::read: return ImportStatus::read;
     case ReadStatus::wrongKind: return importFailed(why, kOfAnotherKind);
     case ReadStatus::locked: return importFailed(why, u"it is protected by a password");
-    default: return importFailed(why, kOutOfMemory);
+    case ReadStatus::outOfMemory: break;
     }
+    return importFailed(why, kOutOfMemory);
 }
 
 // Kinds of which nothing but the words is ever wanted.

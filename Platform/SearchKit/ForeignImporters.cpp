@@ -61,7 +61,10 @@ std::string callLibrary(const std::string& file, const std::string& path) {
     void* library = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
     const auto import =
         library ? reinterpret_cast<texttool_import>(dlsym(library, TEXTTOOL_IMPORT_FUNCTION)) : nullptr;
-    if (!import) return std::string("!") + dlerror();
+    if (!import) {
+        const char* reason = dlerror();
+        return std::string("!") + (reason ? reason : "it has no function to call");
+    }
     std::string answer = "+";
     const auto append = [](void* context, const char* bytes, size_t length) {
         static_cast<std::string*>(context)->append(bytes, length);

@@ -108,6 +108,14 @@ TEST_F(Sandbox, KeepsStandardOutputForTheRecord) {
     EXPECT_EQ(result.errors, "rubbish");
 }
 
+TEST_F(Sandbox, KeepsStandardOutputForTheRecordAlsoWithoutStandardError) {
+    const std::string script = "exec \"$0\" -HTMLPath \"$1\" 2>&-";
+    const ToolResult result =
+        runTool({.arguments = {"-c", script, path("bin/texttool"), write("commands.html", "print\n")},
+                 .program = "sh"});
+    EXPECT_EQ(stringIn(recordOf(result.output), u"string"), "done\n");
+}
+
 TEST_F(Sandbox, LeavesReadersNoCallsThatReachBeyondTheProcess) {
     EXPECT_EQ(attempts("type\nchmod " + path("commands.html") + "\nshare\n"), "ENOSYS\nENOSYS\nENOSYS\n");
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "Source/Tools/showrecord/Terminal.h"
 
+#include "Platform/Foundation/FileDescriptor.h"
+
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
@@ -77,11 +79,7 @@ bool showThroughPager(const std::string& text) {
         becomePager(pager.c_str(), ends[0]);
     }
     close(ends[0]);
-    for (size_t written = 0; process > 0 && written < text.size();) {
-        const ssize_t count = write(ends[1], text.data() + written, text.size() - written);
-        if (count > 0) written += size_t(count);
-        if (count < 0 && errno != EINTR) break;
-    }
+    if (process > 0) writeAll(ends[1], text); // whoever leaves the pager early has seen enough
     close(ends[1]);
     return process > 0 && statusOf(process) != kCommandNotFound;
 }

@@ -5,6 +5,7 @@
 #include "Platform/Foundation/Module.h"
 #include "Platform/Foundation/NSDebug.h"
 #include "Platform/Foundation/NSException.h"
+#include "Platform/Foundation/NSLog.h"
 #include "Platform/Foundation/NSPathUtilities.h"
 #include "Platform/Foundation/NSProcessInfo.h"
 #include "Platform/Foundation/NSUserDefaults.h"

@@ -71,11 +71,11 @@ const LastAnswer*& lastAnswer() {
 void answerAndEnd(int) {
     if (hasBegunAnswer()) return; // the rest of the time is for its end
     const LastAnswer& answer = *lastAnswer();
-    if (answer.file) {
-        answer.file->write(answer.record.bytes());
-    } else {
-        writeAll(NSFileHandle::fileHandleWithStandardOutput().fileDescriptor(), answer.record.bytes());
-    }
+    const std::string_view record = answer.record.bytes();
+    const int error = answer.file
+                          ? answer.file->write(record)
+                          : writeAll(NSFileHandle::fileHandleWithStandardOutput().fileDescriptor(), record);
+    if (error != 0) writeAll(STDERR_FILENO, "texttool: the time is over, and the record cannot be written\n");
     _exit(0);
 }
 

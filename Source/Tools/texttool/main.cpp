@@ -35,16 +35,23 @@ bool namesOpenFile(const NSString& text) {
     return path.find(u"/fd/") != path.npos || path.find(u"/dev/std") != path.npos;
 }
 
+// In the place of whatever the descriptor was.
+void openNothing(int descriptor) {
+    const int nothing = open("/dev/null", O_RDWR);
+    if (nothing == descriptor) return;
+    dup2(nothing, descriptor);
+    close(nothing);
+}
+
 // What the host left open is none of the document's business.
 void closeInheritedFiles() {
-    if (fcntl(STDERR_FILENO, F_GETFD) < 0)
-        dup2(FileDescriptor(open("/dev/null", O_RDWR)).get(), STDERR_FILENO);
+    if (fcntl(STDERR_FILENO, F_GETFD) < 0) openNothing(STDERR_FILENO);
     for (const NSString& argument : NSProcessInfo::processInfo().arguments()) {
         if (namesOpenFile(argument)) return;
     }
     if (NSString output = outputPath(); output && namesOpenFile(output)) return;
     close_range(STDERR_FILENO + 1, ~0U, 0);
-    dup2(FileDescriptor(open("/dev/null", O_RDWR)).get(), STDIN_FILENO);
+    openNothing(STDIN_FILENO);
 }
 
 } // namespace
