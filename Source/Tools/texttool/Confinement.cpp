@@ -17,6 +17,13 @@
 
 namespace {
 
+// A sanitizer needs more of the system, and more memory, than any document.
+#ifdef TEXTTOOL_SANITIZED
+constexpr bool isSanitized = true;
+#else
+constexpr bool isSanitized = false;
+#endif
+
 // Libraries and their data, and what the C library looks up by itself.
 constexpr const char* kSystemFiles[] = {"/usr", "/etc/ld.so.cache", "/etc/localtime"};
 
@@ -64,7 +71,7 @@ SandboxProfile profileFor(SystemCalls calls, const NSString& path) {
 
 void confine(SystemCalls calls, const NSString& path) {
     setLimits(path);
-#ifndef TEXTTOOL_SANITIZED // which needs more of the system, and more memory, than any document
+    if (isSanitized) return;
     if (!showsPages(calls)) limitMemory();
     if (NSUserDefaults::standardUserDefaults().boolForKey(NSString(u"DisableSandbox"))) return;
     NSLogOpen();
@@ -72,7 +79,4 @@ void confine(SystemCalls calls, const NSString& path) {
     if (!enterSandbox(profileFor(calls, path), missing))
         NSException(NSInternalInconsistencyException, u"The sandbox cannot be entered").raise();
     if (!missing.empty()) debugLog("The system offers no %s: the sandbox is without it", missing.c_str());
-#else
-    (void)calls;
-#endif
 }
