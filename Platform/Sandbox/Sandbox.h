@@ -27,7 +27,7 @@ struct SandboxProfile {
     std::vector<std::string> readable;   // files, and folders with all that they hold
     std::vector<std::string> executable; // the same, for other programs; they can be read too
     std::vector<std::string> writable;   // files that may be written; folders in and below which files may be
-                                       // made, exchanged and removed
+                                         // made, exchanged and removed
     std::vector<std::string>
         workspaces; // folders in which anything may be made and removed, for other programs
 };
